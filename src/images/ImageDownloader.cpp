@@ -1,0 +1,151 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "images/ImageDownloader.h"
+
+#include "images/PictureDecoder.h"
+
+#include <QCoreApplication>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QQuickItem>
+
+ImageDownloader *ImageDownloader::s_instance = nullptr;
+
+namespace {
+
+const char tooLarge[] = "tooLarge"; // marks a reply that was cut off
+
+void abortBeyond(QNetworkReply *reply, qint64 bytes)
+{
+    if (bytes <= PictureDecoder::maxBytes || reply->isFinished())
+        return;
+    reply->setProperty(tooLarge, true);
+    reply->abort();
+}
+
+// Ends a body that is announced, or turns out, to be beyond all bounds before it fills the memory.
+void boundBody(QNetworkReply *reply)
+{
+    QObject::connect(reply, &QNetworkReply::metaDataChanged, reply, [reply] {
+        abortBeyond(reply, reply->header(QNetworkRequest::ContentLengthHeader).toLongLong());
+    });
+    QObject::connect(reply, &QNetworkReply::downloadProgress, reply,
+                     [reply](qint64 received, qint64) { abortBeyond(reply, received); });
+}
+
+// Items live and die in the GUI thread, so whether this one is still there is asked there.
+void tell(const QPointer<QQuickItem> &item, const QString &uri)
+{
+    const auto update = [item, uri] {
+        if (item)
+            QMetaObject::invokeMethod(item, "updateImage", Q_ARG(QVariant, QVariant(uri)));
+    };
+    QMetaObject::invokeMethod(QCoreApplication::instance(), update, Qt::QueuedConnection);
+}
+
+} // namespace
+
+ImageDownloader *ImageDownloader::instance()
+{
+    if (!s_instance) {
+        new ImageDownloader;
+        qAddPostRoutine(&ImageDownloader::endInstance);
+    }
+    return s_instance;
+}
+
+void ImageDownloader::endInstance()
+{
+    delete s_instance;
+}
+
+ImageDownloader::ImageDownloader(QObject *parent) : QThread(parent)
+{
+    s_instance = this;
+    moveToThread(this); // so that its slots are served by its own thread
+    start(QThread::InheritPriority);
+}
+
+ImageDownloader::~ImageDownloader()
+{
+    quit();
+    wait();
+    s_instance = nullptr;
+}
+
+void ImageDownloader::run()
+{
+    QNetworkAccessManager manager;
+    connect(&manager, &QNetworkAccessManager::finished, this, &ImageDownloader::replyFinished);
+    m_manager = &manager;
+    exec();
+    disconnect(&manager, nullptr, this, nullptr);
+    m_manager = nullptr;
+}
+
+bool ImageDownloader::isCached(const QString &uri) const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_cache.contains(uri);
+}
+
+QImage ImageDownloader::cachedImage(const QString &uri) const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_cache.value(uri);
+}
+
+void ImageDownloader::requestImage(const QString &uri, QQuickItem *item)
+{
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (m_pendingRequests.contains(uri))
+            return;
+        m_pendingRequests.insert(uri, item);
+    }
+    // The manager serves its own thread only. Posted to a thread that is still starting, the call waits for it.
+    QMetaObject::invokeMethod(this, [this, uri] { startDownload(uri); }, Qt::QueuedConnection);
+}
+
+void ImageDownloader::startDownload(const QString &uri)
+{
+    if (m_manager)
+        boundBody(m_manager->get(QNetworkRequest(QUrl(uri))));
+}
+
+void ImageDownloader::discardImage(const QString &uri, QQuickItem *item)
+{
+    const QMutexLocker lock(&m_mutex);
+    const auto entry = m_pendingRequests.find(uri);
+    if (entry != m_pendingRequests.end() && (entry.value() == item || entry.value().isNull()))
+        m_pendingRequests.erase(entry);
+}
+
+QPointer<QQuickItem> ImageDownloader::takePending(const QString &uri)
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_pendingRequests.take(uri);
+}
+
+void ImageDownloader::replyFinished(QNetworkReply *reply)
+{
+    reply->deleteLater();
+    const QString uri = reply->url().toString();
+    const QPointer<QQuickItem> item = takePending(uri);
+    const bool bounded = !reply->property(tooLarge).toBool();
+    if (bounded && reply->error() != QNetworkReply::NoError)
+        return;
+    addToCache(uri, bounded ? PictureDecoder::decoded(reply->readAll()) : QImage());
+    tell(item, uri);
+}
+
+void ImageDownloader::addToCache(const QString &uri, const QImage &image)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_cache.insert(uri, image);
+    m_cacheOrder.prepend(uri);
+    if (m_cacheOrder.size() <= cacheEntries)
+        return;
+    m_cache.remove(m_cacheOrder.takeLast());
+}

@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include "navigation/NavigationController.h"
+
+/**
+ * The stack that searches the music library. So far the type alone, so that QML may name it: it does nothing yet.
+ * Made by QML, in the GUI thread.
+ */
+class SearchNavController : public NavigationController
+{
+    Q_OBJECT
+
+public:
+    using NavigationController::NavigationController;
+};

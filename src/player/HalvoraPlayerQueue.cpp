@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "player/HalvoraPlayer.h"
+
+#include "player/SocketHandler.h"
+#include "player/TrackParser.h"
+
+// The mirror of the server's tracklist and what changes it.
+
+void HalvoraPlayer::updateQueue(QJsonValue v)
+{
+    m_queueMap.clear();
+    m_queueSnapshot.clear();
+    QJsonArray uris;
+    const QJsonArray entries = v.toArray();
+    for (const QJsonValue &value : entries) {
+        const QJsonObject entry = value.toObject();
+        const auto track = entry.constFind(QLatin1String("track"));
+        if (track == entry.constEnd())
+            continue;
+        Song *song = newSong(track.value().toObject());
+        uris.append(song->uri());
+        m_queueMap.insert(entry.value(QLatin1String("tlid")).toInt(), song);
+    }
+    Q_EMIT queueChanged();
+    if (!uris.isEmpty()) {
+        post(QStringLiteral("core.library.get_images"), {{QStringLiteral("uris"), uris}}, this,
+             "updateQueueImages");
+    }
+}
+
+void HalvoraPlayer::updateQueueImages(QJsonValue v)
+{
+    const QJsonObject picturesByUri = v.toObject();
+    for (Song *song : qAsConst(m_queueMap))
+        TrackParser::addImages(song, picturesByUri.value(song->uri()).toArray());
+}
+
+void HalvoraPlayer::actionPlayTrack(int tlid)
+{
+    post(QStringLiteral("core.playback.play"), {{QStringLiteral("tlid"), tlid}});
+}
+
+void HalvoraPlayer::actionRemoveTrackFromQueue(int index)
+{
+    const QList<int> tlids = queueTlid();
+    if (index < 0 || index >= tlids.size())
+        return;
+    const QJsonArray tlid{tlids.at(index)};
+    const QString method = QStringLiteral("core.tracklist.remove");
+    QJsonObject request = newRequest(method);
+    request.insert(QStringLiteral("params"), QJsonObject{{QStringLiteral("tlid"), tlid}});
+    // Servers of version 3 refuse that form and take this one.
+    if (SocketHandler *record = sendRequest(request, nullptr, ""))
+        record->paramsIfRefused = {{QStringLiteral("criteria"), QJsonObject{{QStringLiteral("tlid"), tlid}}}};
+}
+
+void HalvoraPlayer::actionClearQueue()
+{
+    post(QStringLiteral("core.tracklist.clear"));
+}
+
+void HalvoraPlayer::actionPlayAdd(QStringList uris, int position, bool sendPlay)
+{
+    QJsonObject params{{QStringLiteral("uris"), QJsonArray::fromStringList(uris)}};
+    if (position != -1)
+        params.insert(QStringLiteral("at_position"), position);
+    if (sendPlay)
+        post(QStringLiteral("core.tracklist.add"), params, this, "actionPlayNow");
+    else
+        post(QStringLiteral("core.tracklist.add"), params);
+}
+
+void HalvoraPlayer::actionPlayNow(QJsonValue v)
+{
+    if (!v.isArray())
+        return;
+    const QJsonObject first = v.toArray().first().toObject();
+    const auto tlid = first.constFind(QLatin1String("tlid"));
+    QJsonObject params;
+    if (tlid != first.constEnd())
+        params.insert(QStringLiteral("tlid"), tlid.value());
+    post(QStringLiteral("core.playback.play"), params);
+}
+
+int HalvoraPlayer::actionPlayIndex(QObject *rec, const char *hdl)
+{
+    return post(QStringLiteral("core.tracklist.index"), rec, hdl);
+}
+
+void HalvoraPlayer::actionResetQueueWithUris(QStringList uris)
+{
+    post(QStringLiteral("core.playback.stop"));
+    actionClearQueue();
+    actionPlayAdd(uris, -1, true);
+}

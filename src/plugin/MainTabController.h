@@ -1,0 +1,86 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include "link/HalvoraConnThread.h"
+
+#include <QPointer>
+#include <QQuickItem>
+
+class Halvora;
+class OutputsView;
+class PlayerView;
+
+/**
+ * The root of the client in the host's scene: owns the link, makes the device model and the two screens, and
+ * switches between them.
+ *
+ * Made by the host's QML, in the GUI thread, where everything here runs. The link ends with it; the device
+ * models and the screens that it has made live until the process ends. The host gives it a menu and a container
+ * (not owned), a QML function playerButtonEnabled() on the instance, and calls tabLoadingCompleted() once and
+ * initDevice() for each device, in either order; docs/host-contract.md tells the whole of it.
+ */
+class MainTabController : public QQuickItem
+{
+    Q_OBJECT
+    Q_PROPERTY(QQuickItem *menuListView READ menuListView WRITE setMenuListView NOTIFY menuListViewChanged)
+    Q_PROPERTY(QQuickItem *containerView READ containerView WRITE setContainerView NOTIFY containerViewChanged)
+
+public:
+    explicit MainTabController(QQuickItem *parent = nullptr);
+
+    /// The tab menu: an item with an integer `currentIndex`, 0 for the outputs and 1 for the player, and its change
+    /// signal. Null by default. A tab appears at a change of the index, not at this call.
+    QQuickItem *menuListView() const { return m_menuListView; }
+    void setMenuListView(QQuickItem *item);
+    /// The item whose child the shown screen becomes. Null by default: then no screen shows.
+    QQuickItem *containerView() const { return m_containerView; }
+    void setContainerView(QQuickItem *item);
+
+    /// Takes the device to connect to, starts the link and follows the object's requestConnect() and
+    /// requestDisconnect(). `device` has the properties localIp, localPort, username, password, posX and posY; it is
+    /// not owned and is read now. Blocks while an earlier link ends.
+    Q_INVOKABLE void initDevice(QObject *device);
+    /// Places this item at posX, posY of the device object, 450 by 640 pixels, and shows it. After initDevice().
+    Q_INVOKABLE void showIcon();
+    /// Publishes the image provider and the context properties, and makes the screens. Once, when this item has
+    /// its QML engine.
+    Q_INVOKABLE void tabLoadingCompleted();
+
+Q_SIGNALS:
+    void menuListViewChanged();
+    void containerViewChanged();
+    void firstConnected(); ///< after each start of the link, when the device's state is there
+
+public Q_SLOTS:
+    void menuListViewIndexChanged();
+    /// Shows the player tab with the output of that device index; -1 does nothing. Needs a device.
+    void openPlayerViewWithOutput(int output);
+    void playerViewOutputChanged();
+    /// Stops the link and all players. Blocks while the link ends.
+    void didEnterBackground();
+    /// Starts the link and all players again.
+    void didEnterForeground();
+
+private:
+    enum Tab { NoTab = -1, OutputsTab = 0, PlayerTab = 1 };
+
+    void publishTheme();
+    void loadViews();
+    template<typename View>
+    View *newView(const QString &url);
+    template<typename View>
+    void takeDown(View *view);
+    template<typename View>
+    void bringUp(View *view);
+
+    HalvoraConnThread m_link;
+    Halvora *m_halvora = nullptr;
+    QQuickItem *m_menuListView = nullptr;
+    QQuickItem *m_containerView = nullptr;
+    OutputsView *m_outputsView = nullptr;
+    PlayerView *m_playerView = nullptr;
+    QPointer<QObject> m_hostDevice;
+    int m_currentTab = NoTab;
+};
