@@ -3,26 +3,307 @@
 
 import QtQuick 2.0
 import com.kestrum.halvoraint 1.0
+import "Elements"
 
 PlayerView {
     id: root
 
+    readonly property var player: currentPlayer()
+    readonly property bool isAirPlay: player ? player.airPlay : false
+    property int outputVolume: selectedOutput ? selectedOutput.volume : 0
+
     signal requireSelectOutput(int output)
 
+    function picture(name) {
+        return "qrc:/HalvoraImgs/Images/" + name + ".png"
+    }
+
+    function currentSource() {
+        return selectedOutput ? selectedOutput.selectedSource : null
+    }
+
+    function currentPlayer() {
+        var source = currentSource()
+        return source ? source.player : null
+    }
+
     function loadOutputs() {
+        matrixPopup.load(halvora)
+    }
+
+    // The output's row in the matrix; -1 for none.
+    function rowOf(output) {
+        for (var i = 0; output && halvora && i < halvora.outputs.length; ++i) {
+            if (halvora.outputs[i].index === output.index)
+                return i
+        }
+        return -1
+    }
+
+    function toggleMatrix() {
+        matrixPopup.selectedOutput = rowOf(selectedOutput)
+        matrixPopup.y = matrixPopup.y >= height ? topBar.height : height
     }
 
     function closeAllPopups() {
+        matrixPopup.y = height
     }
 
     function prepareDisconnectSource() {
+        if (!selectedOutput)
+            return
+        selectedOutput.selectedSourceChanged.disconnect(onSelectedSourceChanged)
+        prepareDisconnectPlayer()
     }
 
-    width: parent ? parent.width : 0
-    height: parent ? parent.height : 0
+    function prepareDisconnectPlayer() {
+        var player = currentPlayer()
+        if (player)
+            eachConnection(player, function (event, reaction) { event.disconnect(reaction) })
+    }
+
+    // What the screen follows on a player.
+    function eachConnection(player, visit) {
+        visit(player.airPlayChanged, onCurrentSongChanged)
+        visit(player.currentSongChanged, onCurrentSongChanged)
+        visit(player.airPlayTrackChanged, updateTrackInfo)
+        visit(player.airPlayAlbumChanged, updateTrackInfo)
+        visit(player.airPlayArtistChanged, updateTrackInfo)
+        visit(player.airPlayImageChanged, updateTrackImage)
+        visit(player.currentSongImageChanged, updateTrackImage)
+    }
+
+    // A route that moves on the same output leaves the old player connected: its signals cause updates of what is
+    // shown now, and no more.
+    function onSelectedSourceChanged() {
+        var source = currentSource()
+        sourceName.text = source ? source.name : ""
+        playerView.visible = source !== null && source.player !== null
+        sourceView.visible = source !== null && source.player === null
+        if (!playerView.visible)
+            return
+        eachConnection(source.player, function (event, reaction) { event.connect(reaction) })
+        onCurrentSongChanged()
+    }
+
+    // A player is shown when its first song is known; before that this ends at its first line.
+    function onCurrentSongChanged() {
+        currentPlayer().currentSong.currTimeChanged.connect(updateTrackTime)
+        updateTrackInfo()
+        updateTrackImage()
+        updateTrackTime()
+    }
+
+    function joined(first, second) {
+        return first !== "" && second !== "" ? first + " - " + second : first + second
+    }
+
+    function updateTrackInfo() {
+        var player = currentPlayer()
+        if (!player)
+            return
+        var song = player.currentSong
+        if (player.airPlay) {
+            title.text = player.airPlayTrack
+            albumLine.text = joined(player.airPlayAlbum, player.airPlayArtist)
+        } else {
+            title.text = song ? song.name : ""
+            albumLine.text = song ? joined(song.album, song.artistsString) : ""
+        }
+    }
+
+    function updateTrackImage() {
+        var player = currentPlayer()
+        if (!player)
+            return
+        var uri = player.airPlay ? player.airPlayImage : player.currentSong ? player.currentSong.mediumImgPath : ""
+        if (uri !== "")
+            requestImage(uri, cover)
+        else
+            cover.coverSource = picture((player.airPlay ? "airplay_sel" : "defaultcoverart") + currentTheme.imgSuffix)
+    }
+
+    function updateTrackTime() {
+        var player = currentPlayer()
+        if (!player || player.airPlay)
+            return
+        var song = player.currentSong
+        cover.progress = song && song.duration > 0 ? song.currTime / song.duration : 0
+    }
+
+    onSelectedOutputChanged: {
+        outputName.text = selectedOutput ? selectedOutput.name : ""
+        if (!selectedOutput)
+            return
+        selectedOutput.selectedSourceChanged.connect(onSelectedSourceChanged)
+        onSelectedSourceChanged()
+    }
+    onHalvoraChanged: {
+        if (halvora)
+            loadOutputs()
+    }
+    onOutputVolumeChanged: {
+        if (!volumeSlider.sliding)
+            volumeSlider.value = outputVolume
+    }
+    onHeightChanged: matrixPopup.parkUnlessOpen()
+
+    // Off the screen it keeps its size.
+    width: parent ? parent.width : width
+    height: parent ? parent.height : height
+    connectionScreen: overlay
+
+    // Each list of sources that the device sends brings new players.
+    Connections {
+        target: root.currentSource()
+        function onPlayerChanged() {
+            root.onSelectedSourceChanged()
+        }
+    }
 
     Rectangle {
         anchors.fill: parent
         color: currentTheme.background
+    }
+
+    Rectangle {
+        id: topBar
+
+        width: parent.width
+        height: 75
+        color: currentTheme.menu
+
+        PlainLabel {
+            x: 15
+            y: 18
+            width: parent.width / 2 - 15
+            height: 14
+            text: "Output"
+            color: currentTheme.icons
+            font.pixelSize: 12
+        }
+
+        PlainLabel {
+            x: parent.width / 2 + 15
+            y: 18
+            width: parent.width / 2 - 15
+            height: 14
+            text: "Source"
+            color: currentTheme.icons
+            font.pixelSize: 12
+        }
+
+        TopBarName {
+            id: outputName
+
+            x: 15
+        }
+
+        TopBarName {
+            id: sourceName
+
+            x: parent.width / 2 + 15
+        }
+
+        FeedbackButton {
+            anchors.fill: parent
+            onClicked: root.toggleMatrix()
+        }
+    }
+
+    Item {
+        id: playerView
+
+        anchors { top: topBar.bottom; left: parent.left; right: parent.right }
+        height: root.height - 182
+        visible: false
+
+        CoverImgView {
+            id: cover
+
+            anchors.fill: parent
+            anchors.bottomMargin: 85
+        }
+
+        PlainLabel {
+            id: title
+
+            anchors { bottom: cover.bottom; bottomMargin: 30; left: parent.left; right: parent.right; margins: 15 }
+            height: 22
+            color: currentTheme.icons
+            font.pixelSize: 20
+            horizontalAlignment: Text.AlignHCenter
+            verticalAlignment: Text.AlignVCenter
+            wrapMode: Text.WordWrap
+            elide: Text.ElideRight
+            maximumLineCount: 1
+        }
+
+        PlainLabel {
+            id: albumLine
+
+            anchors { bottom: cover.bottom; bottomMargin: 10; left: parent.left; right: parent.right; margins: 15 }
+            height: 18
+            font.pixelSize: 16
+            horizontalAlignment: Text.AlignHCenter
+            verticalAlignment: Text.AlignVCenter
+            wrapMode: Text.WordWrap
+            elide: Text.ElideRight
+            maximumLineCount: 1
+        }
+
+        TransportBar {
+            anchors { bottom: parent.bottom; left: parent.left; right: parent.right }
+            player: root.player
+            visible: !root.isAirPlay
+        }
+    }
+
+    SourceImgView {
+        id: sourceView
+
+        anchors { top: topBar.bottom; left: parent.left; right: parent.right }
+        height: root.height - 267
+        visible: false
+    }
+
+    HorizontalSlider {
+        id: volumeSlider
+
+        anchors { top: playerView.bottom; topMargin: 10; left: parent.left; leftMargin: 20; right: parent.right; rightMargin: 20 }
+        height: 30
+        trackHeight: 8
+        knobHeight: 20
+        onNewValueToSend: {
+            if (root.selectedOutput)
+                root.halvora.actionSetVolumeForOutput(value, root.selectedOutput.index)
+        }
+    }
+
+    FeedbackButton {
+        anchors { top: playerView.bottom; topMargin: 45; right: parent.right; rightMargin: 15 }
+        width: 50
+        height: 50
+        imgSource: !root.selectedOutput ? ""
+                 : root.picture(root.selectedOutput.mute ? "mute" + currentTheme.imgSuffix : "sound")
+        onClicked: {
+            if (root.selectedOutput)
+                root.halvora.actionSetMuteForOutput(!root.selectedOutput.mute, root.selectedOutput.index)
+        }
+    }
+
+    MatrixPopup {
+        id: matrixPopup
+
+        y: root.height
+        width: root.width
+        height: root.height - topBar.height
+        selectionEnabled: true
+        onSetInputForOutput: root.halvora.actionSetMatrixSetting(source, output)
+        onRequireSelectOutput: root.requireSelectOutput(output)
+    }
+
+    ConnectionOverlay {
+        id: overlay
     }
 }
