@@ -27,6 +27,9 @@ HttpConnection::HttpConnection(QTcpSocket *socket, QObject *parent)
 void HttpConnection::start()
 {
     readRequest();
+    // A client that has gone before the take-over gives no further signal.
+    if (m_socket->state() == QAbstractSocket::UnconnectedState)
+        deleteLater();
 }
 
 void HttpConnection::readRequest()
