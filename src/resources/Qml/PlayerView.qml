@@ -58,14 +58,17 @@ PlayerView {
 
     function prepareDisconnectPlayer() {
         var player = currentPlayer()
-        if (player)
-            eachConnection(player, function (event, reaction) { event.disconnect(reaction) })
+        if (!player)
+            return
+        var disconnect = function (event, reaction) { event.disconnect(reaction) }
+        eachConnection(player, onCurrentSongChanged, disconnect)
+        eachConnection(player, updateTrack, disconnect)
     }
 
     // What the screen follows on a player.
-    function eachConnection(player, visit) {
-        visit(player.airPlayChanged, onCurrentSongChanged)
-        visit(player.currentSongChanged, onCurrentSongChanged)
+    function eachConnection(player, songReaction, visit) {
+        visit(player.airPlayChanged, songReaction)
+        visit(player.currentSongChanged, songReaction)
         visit(player.airPlayTrackChanged, updateTrackInfo)
         visit(player.airPlayAlbumChanged, updateTrackInfo)
         visit(player.airPlayArtistChanged, updateTrackInfo)
@@ -73,25 +76,44 @@ PlayerView {
         visit(player.currentSongImageChanged, updateTrackImage)
     }
 
-    // A route that moves on the same output leaves the old player connected: its signals cause updates of what is
-    // shown now, and no more.
-    function onSelectedSourceChanged() {
-        var source = currentSource()
+    function showSource(source, songReaction) {
         sourceName.text = source ? source.name : ""
         playerView.visible = source !== null && source.player !== null
         sourceView.visible = source !== null && source.player === null
         if (!playerView.visible)
             return
-        eachConnection(source.player, function (event, reaction) { event.connect(reaction) })
-        onCurrentSongChanged()
+        eachConnection(source.player, songReaction, function (event, reaction) { event.connect(reaction) })
+        songReaction()
     }
 
-    // A player is shown when its first song is known; before that this ends at its first line.
+    // A route that moves on the same output leaves the old player connected: its signals cause updates of what is
+    // shown now, and no more.
+    function onSelectedSourceChanged() {
+        showSource(currentSource(), onCurrentSongChanged)
+    }
+
+    // Each list of sources that the device sends brings new players, which know no song yet.
+    function onSourcePlayerChanged() {
+        showSource(currentSource(), updateTrack)
+    }
+
+    // A player that is selected has its song; without one this ends at its first line.
     function onCurrentSongChanged() {
         currentPlayer().currentSong.currTimeChanged.connect(updateTrackTime)
         updateTrackInfo()
         updateTrackImage()
         updateTrackTime()
+    }
+
+    // What is shown stays until a new player has something to say.
+    function updateTrack() {
+        var player = currentPlayer()
+        if (player && player.currentSong) {
+            onCurrentSongChanged()
+        } else if (player && player.airPlay) {
+            updateTrackInfo()
+            updateTrackImage()
+        }
     }
 
     function joined(first, second) {
@@ -153,11 +175,10 @@ PlayerView {
     height: parent ? parent.height : height
     connectionScreen: overlay
 
-    // Each list of sources that the device sends brings new players.
     Connections {
         target: root.currentSource()
         function onPlayerChanged() {
-            root.onSelectedSourceChanged()
+            root.onSourcePlayerChanged()
         }
     }
 

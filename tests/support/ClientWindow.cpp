@@ -1,0 +1,226 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "support/ClientWindow.h"
+
+#include "plugin/TypeRegistry.h"
+#include "support/Text.h"
+
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QtTest>
+
+#include <algorithm>
+
+namespace {
+
+DeviceState smallDevice(const MusicServerSimulator &server)
+{
+    DeviceState state;
+    OutputState terrace{3, "Terrace"_s, 40, false, 0, 0, 0, 0, 2};
+    OutputState kitchen{7, "Kitchen"_s, 20, true, 0, 0, 0, 0, 9};
+    OutputState bath{12, "Bath"_s, 60, false, 0, 0, 0, 0, 2};
+    state.outputs = {terrace, kitchen, bath};
+    SourceState music;
+    music.index = 2;
+    music.name = "Music"_s;
+    music.hasPlayer = true;
+    music.address = server.host();
+    music.port = QString::number(server.port());
+    music.volume = 70;
+    SourceState radio;
+    radio.index = 9;
+    radio.name = "Radio"_s;
+    radio.volume = 50;
+    state.sources = {music, radio};
+    return state;
+}
+
+bool comesBefore(const QQuickItem *a, const QQuickItem *b)
+{
+    const QPointF left = a->mapToScene({});
+    const QPointF right = b->mapToScene({});
+    return left.y() < right.y() || (left.y() == right.y() && left.x() < right.x());
+}
+
+void collect(QQuickItem *item, QList<QQuickItem *> *found)
+{
+    if (!item->isVisible())
+        return;
+    found->append(item);
+    const QList<QQuickItem *> children = item->childItems();
+    for (QQuickItem *child : children)
+        collect(child, found);
+}
+
+} // namespace
+
+ClientWindow::ClientWindow()
+{
+    registerHalvoraTypes();
+    server.listen();
+    device.setState(smallDevice(server));
+    device.listen();
+    QFont::insertSubstitution("Arial Unicode MS"_s, "DejaVu Sans"_s);
+    view.setResizeMode(QQuickView::SizeRootObjectToView);
+    view.rootContext()->setContextProperty("devicePort"_s, device.port());
+    view.rootContext()->setContextProperty("smallScreen"_s, false);
+}
+
+// The window goes before its peers, so that nothing is dialled in vain on the way out.
+ClientWindow::~ClientWindow()
+{
+    background();
+    view.setSource({});
+}
+
+bool ClientWindow::show(bool screensFirst, const QSize &size)
+{
+    view.rootContext()->setContextProperty("screensFirst"_s, screensFirst);
+    view.resize(size);
+    view.setSource(QUrl("qrc:/client.qml"_s));
+    view.show();
+    return view.status() == QQuickView::Ready && QTest::qWaitForWindowExposed(&view);
+}
+
+bool ClientWindow::showOutputs()
+{
+    return show() && QTest::qWaitFor([this] { return showsText("Bath"_s) && !item("ConnectionOverlay"_s); });
+}
+
+bool ClientWindow::showPlayer()
+{
+    server.tracklist()->add({server.catalogue().track(0), server.catalogue().track(20)});
+    server.playback()->play();
+    const QString title = server.playback()->current().track.name;
+    if (!showOutputs() || !QTest::qWaitFor([&] { return !texts().filter(title).isEmpty(); }))
+        return false;
+    click({50, 65 + 45});
+    return QTest::qWaitFor([&] { return tab() == 1 && showsText(title); });
+}
+
+QObject *ClientWindow::scene(const char *name) const
+{
+    return view.rootObject() ? view.rootObject()->property(name).value<QObject *>() : nullptr;
+}
+
+void ClientWindow::selectTab(int index)
+{
+    scene("menu")->setProperty("currentIndex", index);
+}
+
+int ClientWindow::tab() const
+{
+    return scene("menu")->property("currentIndex").toInt();
+}
+
+int ClientWindow::playerButtonCalls() const
+{
+    return view.rootObject()->property("playerButtonCalls").toInt();
+}
+
+void ClientWindow::background()
+{
+    if (QObject *host = scene("hostDevice"))
+        QMetaObject::invokeMethod(host, "requestDisconnect");
+}
+
+void ClientWindow::foreground()
+{
+    QMetaObject::invokeMethod(scene("hostDevice"), "requestConnect");
+}
+
+void ClientWindow::click(const QPoint &place)
+{
+    QTest::mouseClick(&view, Qt::LeftButton, {}, place);
+}
+
+void ClientWindow::press(const QPoint &place)
+{
+    QTest::mousePress(&view, Qt::LeftButton, {}, place);
+}
+
+void ClientWindow::moveTo(const QPoint &place)
+{
+    QTest::mouseMove(&view, place);
+}
+
+void ClientWindow::release(const QPoint &place)
+{
+    QTest::mouseRelease(&view, Qt::LeftButton, {}, place);
+}
+
+QList<QQuickItem *> ClientWindow::itemsOnShow() const
+{
+    QList<QQuickItem *> items;
+    if (view.rootObject())
+        collect(view.rootObject(), &items);
+    std::stable_sort(items.begin(), items.end(), comesBefore);
+    return items;
+}
+
+QList<QQuickItem *> ClientWindow::labels() const
+{
+    QList<QQuickItem *> labels;
+    const QList<QQuickItem *> items = itemsOnShow();
+    for (QQuickItem *item : items) {
+        const bool inWindow = item->mapToScene({}).y() < view.height(); // pop-ups wait below
+        if (inWindow && item->inherits("QQuickText") && !item->property("text").toString().isEmpty())
+            labels.append(item);
+    }
+    return labels;
+}
+
+QQuickItem *ClientWindow::itemWithText(const QString &text) const
+{
+    const QList<QQuickItem *> items = labels();
+    const auto found = std::find_if(items.begin(), items.end(), [&](const QQuickItem *item) {
+        return item->property("text").toString() == text;
+    });
+    return found == items.end() ? nullptr : *found;
+}
+
+QStringList ClientWindow::texts() const
+{
+    QStringList texts;
+    const QList<QQuickItem *> items = labels();
+    for (const QQuickItem *item : items)
+        texts.append(item->property("text").toString());
+    return texts;
+}
+
+QQuickItem *ClientWindow::item(const QString &type, int which) const
+{
+    const QList<QQuickItem *> items = itemsOnShow();
+    for (QQuickItem *item : items) {
+        if (QString::fromLatin1(item->metaObject()->className()).startsWith(type + "_QML"_s) && which-- == 0)
+            return item;
+    }
+    return nullptr;
+}
+
+QImage ClientWindow::picture()
+{
+    return view.grabWindow();
+}
+
+QColor ClientWindow::pixel(const QPoint &place)
+{
+    return picture().pixelColor(place);
+}
+
+QStringList ClientWindow::commands() const
+{
+    QStringList commands;
+    const QStringList messages = device.messages();
+    for (const QString &message : messages) {
+        if (message != "UI_ALIVE"_s && (commands.isEmpty() || commands.constLast() != message))
+            commands.append(message);
+    }
+    return commands;
+}
+
+void ClientWindow::forgetCommands()
+{
+    device.clearReceived();
+}
