@@ -31,6 +31,9 @@ public:
     /// is not connected it does nothing: the message is lost and takes no number.
     void writeMessage(QString &message);
 
+    /// Whether a message has gone out since the last dial.
+    bool hasSpoken() const { return m_sendCounter > 0; }
+
 Q_SIGNALS:
     void elaborateCommand(QString command); ///< a whole deciphered BROAD text, polls excepted
     void connectionOpen();                  ///< the TCP connection is up, the login may go out

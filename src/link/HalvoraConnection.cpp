@@ -33,7 +33,9 @@ void HalvoraConnection::killConnection()
 
 void HalvoraConnection::sendCommand(QString message)
 {
-    sendString(QLatin1String("UI_COMMAND|") + message);
+    // The login still waits in the GUI thread's queue when the device has only just been reached.
+    if (m_socket && m_socket->hasSpoken())
+        sendString(QLatin1String("UI_COMMAND|") + message);
 }
 
 void HalvoraConnection::sendString(QString message)

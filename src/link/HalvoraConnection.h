@@ -32,7 +32,8 @@ Q_SIGNALS:
 public Q_SLOTS:
     void startConnection();
     void killConnection();
-    /// Sends a command of the device model. It is lost while the link is down.
+    /// Sends a command of the device model. It is lost while the link is down, and until the
+    /// login has gone out, which must be the first message of a connection.
     void sendCommand(QString message);
     /// Sends a message of the link itself, as it is.
     void sendString(QString message);

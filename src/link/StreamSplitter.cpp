@@ -16,7 +16,7 @@ QVector<QByteArray> nonEmptyParts(const QByteArray &text, const QByteArray &term
         const int found = text.indexOf(terminator, from);
         const int to = found < 0 ? text.size() : found;
         if (to > from)
-            parts.append(text.mid(from, to - from));
+            parts.append(QByteArray(text.constData() + from, to - from)); // a copy, also of the whole text
         from = to + terminator.size();
     }
     return parts;

@@ -1,0 +1,309 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "link/Aes128.h"
+#include "link/FrameCodec.h"
+#include "link/StreamSplitter.h"
+#include "support/Suite.h"
+
+#include <QRandomGenerator>
+
+#include <openssl/evp.h>
+
+namespace {
+
+const QByteArray linkKey = "7391058264610275";
+const QByteArray zeroVector(16, '\0');
+
+QByteArray hex(const char *digits)
+{
+    return QByteArray::fromHex(digits);
+}
+
+// The same cipher by somebody else.
+QByteArray opensslEncrypt(const QByteArray &data, const QByteArray &key, const QByteArray &vector, bool padded)
+{
+    const auto bytes = [](const QByteArray &array) {
+        return reinterpret_cast<const unsigned char *>(array.constData());
+    };
+    QByteArray cipher(data.size() + 16, '\0');
+    auto *out = reinterpret_cast<unsigned char *>(cipher.data());
+    EVP_CIPHER_CTX *context = EVP_CIPHER_CTX_new();
+    int size = 0;
+    int rest = 0;
+    EVP_EncryptInit_ex(context, EVP_aes_128_cbc(), nullptr, bytes(key), bytes(vector));
+    EVP_CIPHER_CTX_set_padding(context, padded ? 1 : 0);
+    EVP_EncryptUpdate(context, out, &size, bytes(data), data.size());
+    EVP_EncryptFinal_ex(context, out + size, &rest);
+    EVP_CIPHER_CTX_free(context);
+    return cipher.left(size + rest);
+}
+
+QByteArray randomBytes(QRandomGenerator &random, int size)
+{
+    QByteArray bytes(size, '\0');
+    for (char &byte : bytes)
+        byte = char(random.bounded(256));
+    return bytes;
+}
+
+QString randomText(QRandomGenerator &random, int size)
+{
+    static const QString letters = u8"abcXYZ 019|@;äß€日"_s;
+    QString text;
+    while (text.size() < size)
+        text.append(letters.at(random.bounded(letters.size())));
+    return text;
+}
+
+// A frame whose deciphered bytes are `plain`, padding and all; `plain` is a multiple of 16 bytes.
+QByteArray frameOf(const QByteArray &plain)
+{
+    return Aes128::encryptCbc(plain, linkKey, zeroVector).toBase64();
+}
+
+} // namespace
+
+class TestCodec final : public Suite
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // What works
+
+    void publishedVectors_data();
+    void publishedVectors();
+    void agreesWithOpenssl();
+    void frames_data();
+    void frames();
+    void framesOfRandomTextsComeBack();
+    void streamCutInTwo();
+    void streamByteByByte();
+
+    // What goes wrong
+
+    void cipherRefusesWrongSizes();
+    void forgivingPadding_data();
+    void forgivingPadding();
+    void spoiltFrames_data();
+    void spoiltFrames();
+    void oddStreams_data();
+    void oddStreams();
+    void clearedStreamStartsAnew();
+};
+
+void TestCodec::publishedVectors_data()
+{
+    QTest::addColumn<QByteArray>("key");
+    QTest::addColumn<QByteArray>("vector");
+    QTest::addColumn<QByteArray>("plain");
+    QTest::addColumn<QByteArray>("cipher");
+    const QByteArray key = hex("2b7e151628aed2a6abf7158809cf4f3c");
+    QTest::newRow("FIPS 197, B") << key << zeroVector << hex("3243f6a8885a308d313198a2e0370734")
+                                 << hex("3925841d02dc09fbdc118597196a0b32");
+    QTest::newRow("FIPS 197, C.1") << hex("000102030405060708090a0b0c0d0e0f") << zeroVector
+                                   << hex("00112233445566778899aabbccddeeff")
+                                   << hex("69c4e0d86a7b0430d8cdb78070b4c55a");
+    const QByteArray plain = hex("6bc1bee22e409f96e93d7e117393172aae2d8a571e03ac9c9eb76fac45af8e51"
+                                 "30c81c46a35ce411e5fbc1191a0a52eff69f2445df4f9b17ad2b417be66c3710");
+    const QByteArray ecb = hex("3ad77bb40d7a3660a89ecaf32466ef97f5d3d58503b9699de785895a96fdbaaf"
+                               "43b1cd7f598ece23881b00e3ed0306887b0c785e27e8ad3f8223207104725dd4");
+    for (int at = 0; at < plain.size(); at += 16)
+        QTest::addRow("SP 800-38A, F.1.1, block %d", at / 16 + 1)
+            << key << zeroVector << plain.mid(at, 16) << ecb.mid(at, 16);
+    QTest::newRow("SP 800-38A, F.2.1") << key << hex("000102030405060708090a0b0c0d0e0f") << plain
+                                       << hex("7649abac8119b246cee98e9b12e9197d5086cb9b507219ee95db113a917678b2"
+                                              "73bed6b8e3c1743b7116e69e222295163ff1caa1681fac09120eca307586e1a7");
+}
+
+void TestCodec::publishedVectors()
+{
+    QFETCH(const QByteArray, key);
+    QFETCH(const QByteArray, vector);
+    QFETCH(const QByteArray, plain);
+    QFETCH(const QByteArray, cipher);
+    QCOMPARE(Aes128::encryptCbc(plain, key, vector).toHex(), cipher.toHex());
+    QCOMPARE(Aes128::decryptCbc(cipher, key, vector).toHex(), plain.toHex());
+}
+
+void TestCodec::agreesWithOpenssl()
+{
+    QRandomGenerator random(20231);
+    for (int size = 0; size <= 304; size += 16) {
+        const QByteArray key = randomBytes(random, 16);
+        const QByteArray vector = randomBytes(random, 16);
+        const QByteArray plain = randomBytes(random, size);
+        const QByteArray cipher = opensslEncrypt(plain, key, vector, false);
+        QCOMPARE(Aes128::encryptCbc(plain, key, vector), cipher);
+        QCOMPARE(Aes128::decryptCbc(cipher, key, vector), plain);
+    }
+}
+
+void TestCodec::frames_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("comesBackAs");
+    QTest::addColumn<QByteArray>("frame");
+    QTest::newRow("the empty message") << "0|"_s << "0|"_s << QByteArray("un6sk96eT2O3BIuEeM0zuA==");
+    QTest::newRow("15 bytes, one of padding") << "1|UI_COMMAND|17"_s << "1|UI_COMMAND|17"_s
+                                              << QByteArray("FAYSYoPAGLu2LvRIteRAgg==");
+    QTest::newRow("16 bytes, a block of padding") << "0|UI_COMMAND|172"_s << "0|UI_COMMAND|172"_s
+                                                  << QByteArray("8k1fYty8qHnDwYumwMdE4GWtXl5Va8n+/5xFxeisAoY=");
+    QTest::newRow("cut at a NUL") << QString("0|"_s + QChar(0) + "lost"_s) << "0|"_s
+                                  << QByteArray("un6sk96eT2O3BIuEeM0zuA==");
+    const QByteArray utf8 = "7|K\xc3\xbc" "che|\xe2\x82\xac\xe6\x97\xa5";
+    QTest::newRow("UTF-8") << QString::fromUtf8(utf8) << QString::fromUtf8(utf8)
+                           << opensslEncrypt(utf8, linkKey, zeroVector, true).toBase64();
+}
+
+void TestCodec::frames()
+{
+    QFETCH(const QString, text);
+    QFETCH(const QString, comesBackAs);
+    QFETCH(const QByteArray, frame);
+    QCOMPARE(FrameCodec::encryptText(text), frame);
+    QCOMPARE(FrameCodec::encryptText(text), frame); // nothing is carried over from the last message
+    QCOMPARE(FrameCodec::decryptText(frame), comesBackAs);
+}
+
+void TestCodec::framesOfRandomTextsComeBack()
+{
+    QRandomGenerator random(408);
+    for (int size = 0; size <= 300; ++size) {
+        const QString text = randomText(random, size);
+        const QByteArray frame = opensslEncrypt(text.toUtf8(), linkKey, zeroVector, true).toBase64();
+        QCOMPARE(FrameCodec::encryptText(text), frame);
+        QCOMPARE(FrameCodec::decryptText(frame), text);
+    }
+}
+
+void TestCodec::streamCutInTwo()
+{
+    const QVector<QByteArray> frames{"QUJDRA==", "RQ==", "RkdISUpLTE1O"};
+    const QByteArray stream = frames.at(0) + "%%%" + frames.at(1) + "%%%" + frames.at(2) + "%%%";
+    for (int cut = 0; cut <= stream.size(); ++cut) {
+        StreamSplitter splitter;
+        QVector<QByteArray> parts = splitter.append(stream.left(cut));
+        parts += splitter.append(stream.mid(cut));
+        // Only a head without any terminator is handed on before its time.
+        const bool loneHead = cut > 0 && cut < frames.at(0).size() + 3;
+        const QVector<QByteArray> expected = loneHead ? QVector<QByteArray>{stream.left(cut)} + frames : frames;
+        QVERIFY2(parts == expected, qPrintable("cut at %1"_s.arg(cut)));
+        QCOMPARE(splitter.pendingBytes(), 0);
+    }
+}
+
+void TestCodec::streamByteByByte()
+{
+    StreamSplitter splitter;
+    for (const QByteArray &frame : {QByteArray("QUJD"), QByteArray("RA==")}) {
+        const QByteArray stream = frame + "%%%";
+        for (int at = 1; at < stream.size(); ++at) {
+            QCOMPARE(splitter.append(stream.mid(at - 1, 1)), QVector<QByteArray>{stream.left(at)});
+            QCOMPARE(splitter.pendingBytes(), at);
+        }
+        QCOMPARE(splitter.append("%"), QVector<QByteArray>{frame});
+        QCOMPARE(splitter.pendingBytes(), 0);
+    }
+}
+
+void TestCodec::cipherRefusesWrongSizes()
+{
+    const QByteArray block(16, 'x');
+    for (const QByteArray &wrong : {block.left(15), block + 'x', QByteArray()}) {
+        QCOMPARE(Aes128::encryptCbc(wrong, block, block), QByteArray());
+        QCOMPARE(Aes128::decryptCbc(wrong, block, block), QByteArray());
+        QCOMPARE(Aes128::encryptCbc(block, wrong, block), QByteArray());
+        QCOMPARE(Aes128::decryptCbc(block, block, wrong), QByteArray());
+    }
+}
+
+void TestCodec::forgivingPadding_data()
+{
+    QTest::addColumn<QByteArray>("padded");
+    QTest::addColumn<QByteArray>("stripped");
+    QTest::newRow("right") << QByteArray("ab\3\3\3") << QByteArray("ab");
+    QTest::newRow("a whole block") << QByteArray(16, 16) << QByteArray();
+    QTest::newRow("too few equal bytes") << QByteArray("ab\3\3") << QByteArray("ab");
+    QTest::newRow("another byte in between") << QByteArray("ab\3\1\3") << QByteArray("ab\3\1");
+    QTest::newRow("more equal bytes than it says") << QByteArray("ab\2\2\2\2") << QByteArray("ab\2\2");
+    QTest::newRow("last byte 0") << QByteArray("ab\0", 3) << QByteArray("ab\0", 3);
+    QTest::newRow("last byte 17, 20 of them") << QByteArray(20, 17) << QByteArray(3, 17);
+    QTest::newRow("last byte a letter, once") << QByteArray("abC") << QByteArray("ab");
+    QTest::newRow("last byte a letter, thrice") << QByteArray("abCCC") << QByteArray("ab");
+    QTest::newRow("last byte 127") << QByteArray("ab\x7f\x7f") << QByteArray("ab");
+    QTest::newRow("last byte 128 is negative") << QByteArray("ab\x80\x80") << QByteArray("ab\x80\x80");
+    QTest::newRow("last byte 255 is negative") << QByteArray("ab\xff") << QByteArray("ab\xff");
+    QTest::newRow("nothing") << QByteArray() << QByteArray();
+}
+
+void TestCodec::forgivingPadding()
+{
+    QFETCH(const QByteArray, padded);
+    QFETCH(const QByteArray, stripped);
+    QCOMPARE(FrameCodec::withoutPadding(padded), stripped);
+}
+
+void TestCodec::spoiltFrames_data()
+{
+    QTest::addColumn<QByteArray>("frame");
+    QTest::addColumn<QString>("message");
+    const QByteArray good = FrameCodec::encryptText("1|JOIN"_s);
+    QTest::newRow("no padding at all") << frameOf("0123456789abcd\r\n") << "0123456789abcd\r"_s;
+    QTest::newRow("zero padding") << frameOf(QByteArray("1|JOIN").leftJustified(16, '\0')) << "1|JOIN"_s;
+    QTest::newRow("a NUL in the message") << frameOf(QByteArray("1|JOIN\0|lost\3\3\3", 16)) << "1|JOIN"_s;
+    QTest::newRow("a NUL in the frame") << good + QByteArray("\0AAAA", 5) << "1|JOIN"_s;
+    QTest::newRow("a NUL ahead of the frame") << QByteArray("\0", 1) + good << QString();
+    QTest::newRow("half a block") << good.left(12) << QString();
+    QTest::newRow("a block and a byte") << QByteArray(QByteArray::fromBase64(good) + 'x').toBase64() << QString();
+    QTest::newRow("no Base64") << QByteArray("!!! ### ***") << QString();
+    QTest::newRow("nothing") << QByteArray() << QString();
+}
+
+void TestCodec::spoiltFrames()
+{
+    QFETCH(const QByteArray, frame);
+    QFETCH(const QString, message);
+    QCOMPARE(FrameCodec::decryptText(frame), message);
+}
+
+void TestCodec::oddStreams_data()
+{
+    QTest::addColumn<QByteArrayList>("reads");
+    QTest::addColumn<QByteArrayList>("parts");
+    QTest::addColumn<int>("pending");
+    using List = QByteArrayList;
+    QTest::newRow("a terminator alone") << List{"%%%"} << List{} << 0;
+    QTest::newRow("terminators around a frame") << List{"%%%%%%AA%%%"} << List{"AA"} << 0;
+    QTest::newRow("nothing") << List{""} << List{} << 0;
+    QTest::newRow("a lone head is handed on and kept") << List{"AA"} << List{"AA"} << 2;
+    QTest::newRow("the head of the next is kept") << List{"AA%%%BB"} << List{"AA"} << 2;
+    QTest::newRow("the head of the next, then its rest") << List{"AA%%%B", "B%%%"} << List{"AA", "BB"} << 0;
+    QTest::newRow("a head behind a terminator counts as alone") << List{"%%%BB"} << List{"BB"} << 5;
+    QTest::newRow("what follows a NUL is not looked at") << List{QByteArray("AA\0BB%%%", 8)} << List{"AA"} << 8;
+    QTest::newRow("a frame, then a NUL") << List{QByteArray("AA%%%\0BB", 8)} << List{"AA"} << 0;
+}
+
+void TestCodec::oddStreams()
+{
+    QFETCH(const QByteArrayList, reads);
+    QFETCH(const QByteArrayList, parts);
+    QFETCH(const int, pending);
+    StreamSplitter splitter;
+    QByteArrayList seen;
+    for (const QByteArray &read : reads)
+        seen += QByteArrayList::fromVector(splitter.append(read));
+    QCOMPARE(seen, parts);
+    QCOMPARE(splitter.pendingBytes(), pending);
+}
+
+void TestCodec::clearedStreamStartsAnew()
+{
+    StreamSplitter splitter;
+    splitter.append("half a fra");
+    splitter.clear();
+    QCOMPARE(splitter.append("AA%%%"), QVector<QByteArray>{"AA"});
+}
+
+HALVORA_SUITE_MAIN(TestCodec)
+#include "tst_codec.moc"
