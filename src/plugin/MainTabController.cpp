@@ -112,6 +112,8 @@ void MainTabController::loadViews()
 
 void MainTabController::initDevice(QObject *device)
 {
+    if (!device)
+        return;
     if (m_hostDevice)
         m_hostDevice->disconnect(this);
     m_hostDevice = device;
@@ -126,6 +128,8 @@ void MainTabController::initDevice(QObject *device)
 
 void MainTabController::showIcon()
 {
+    if (!m_hostDevice)
+        return;
     setX(m_hostDevice->property("posX").toInt());
     setY(m_hostDevice->property("posY").toInt());
     setWidth(shownWidth);
@@ -173,7 +177,7 @@ void MainTabController::menuListViewIndexChanged()
 
 void MainTabController::openPlayerViewWithOutput(int output)
 {
-    if (output == -1)
+    if (output == -1 || !m_halvora || !m_menuListView)
         return;
     m_menuListView->setProperty("currentIndex", int(PlayerTab));
     m_playerView->setSelectedOutput(m_halvora->outputAt(output));

@@ -40,7 +40,7 @@ public:
 
     /// Takes the device to connect to, starts the link and follows the object's requestConnect() and
     /// requestDisconnect(). `device` has the properties localIp, localPort, username, password, posX and posY; it is
-    /// not owned and is read now. Blocks while an earlier link ends.
+    /// not owned and is read now. Blocks while an earlier link ends. Null does nothing.
     Q_INVOKABLE void initDevice(QObject *device);
     /// Places this item at posX, posY of the device object, 450 by 640 pixels, and shows it. After initDevice().
     Q_INVOKABLE void showIcon();
@@ -77,8 +77,8 @@ private:
 
     HalvoraConnThread m_link;
     Halvora *m_halvora = nullptr;
-    QQuickItem *m_menuListView = nullptr;
-    QQuickItem *m_containerView = nullptr;
+    QPointer<QQuickItem> m_menuListView;
+    QPointer<QQuickItem> m_containerView;
     OutputsView *m_outputsView = nullptr;
     PlayerView *m_playerView = nullptr;
     QPointer<QObject> m_hostDevice;

@@ -70,6 +70,7 @@ SlidingPanel {
                 font.pixelSize: 14
                 horizontalAlignment: Text.AlignRight
                 wrapMode: Text.WordWrap
+                elide: Text.ElideRight
                 rotation: 45
                 transformOrigin: Item.BottomRight
             }
