@@ -12,7 +12,8 @@
 class HalvoraLibPlugin final : public QQmlExtensionPlugin
 {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID QQmlExtensionInterface_iid)
+    // The name as it has been since Qt 5.0; the macro of Qt 5.15 adds a version that hosts may not expect.
+    Q_PLUGIN_METADATA(IID "org.qt-project.Qt.QQmlExtensionInterface")
 
 public:
     /// Registers nothing, on purpose: everything is done in initializeEngine().
