@@ -42,13 +42,13 @@ QVector<OutputState> demoOutputs()
 QVector<SourceState> demoSources()
 {
     SourceState guests = playerSource(5, QStringLiteral("Guest Player"), 55);
-    guests.airPlay = {true, QStringLiteral("Harbour Lights"), QStringLiteral("Paper Lanterns"),
+    guests.airPlay = {true, QStringLiteral("Hollow Bridges"), QStringLiteral("Paper Lanterns"),
                       QStringLiteral("The Quiet Tides"), QString()};
     SourceState turntable;
     turntable.index = 7;
     turntable.name = QStringLiteral("Turntable");
     turntable.volume = 70;
-    return {playerSource(2, QStringLiteral("House Music"), 80), playerSource(3, QStringLiteral("Radio Corner"), 75),
+    return {playerSource(2, QStringLiteral("House Music"), 80), playerSource(3, QStringLiteral("Jukebox"), 75),
             guests, turntable};
 }
 

@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "simulator/MopidyModels.h"
+
+#include <QJsonArray>
+
+namespace {
+
+QJsonObject model(const QString &name)
+{
+    return {{QStringLiteral("__model__"), name}};
+}
+
+void put(QJsonObject &object, const QString &key, const QString &text)
+{
+    if (!text.isEmpty())
+        object.insert(key, text);
+}
+
+void put(QJsonObject &object, const QString &key, int number)
+{
+    if (number > 0)
+        object.insert(key, number);
+}
+
+void putArtists(QJsonObject &object, const QVector<CatalogueArtist> &artists)
+{
+    QJsonArray array;
+    for (const CatalogueArtist &artist : artists) {
+        QJsonObject one = model(QStringLiteral("Artist"));
+        put(one, QStringLiteral("uri"), artist.uri);
+        put(one, QStringLiteral("name"), artist.name);
+        array << one;
+    }
+    if (!array.isEmpty())
+        object.insert(QStringLiteral("artists"), array);
+}
+
+QJsonObject album(const CatalogueTrack &track)
+{
+    QJsonObject object = model(QStringLiteral("Album"));
+    put(object, QStringLiteral("uri"), track.albumUri);
+    put(object, QStringLiteral("name"), track.albumName);
+    put(object, QStringLiteral("comment"), track.albumComment);
+    putArtists(object, track.albumArtists);
+    return object;
+}
+
+} // namespace
+
+QJsonObject MopidyModels::track(const CatalogueTrack &track)
+{
+    QJsonObject object = model(QStringLiteral("Track"));
+    put(object, QStringLiteral("uri"), track.uri);
+    put(object, QStringLiteral("name"), track.name);
+    put(object, QStringLiteral("length"), track.lengthMs);
+    put(object, QStringLiteral("track_no"), track.number);
+    put(object, QStringLiteral("genre"), track.genre);
+    put(object, QStringLiteral("date"), track.year > 0 ? QString::number(track.year) : QString());
+    putArtists(object, track.artists);
+    object.insert(QStringLiteral("album"), album(track));
+    return object;
+}
+
+QJsonObject MopidyModels::tlTrack(int tlid, const CatalogueTrack &track)
+{
+    QJsonObject object = model(QStringLiteral("TlTrack"));
+    object.insert(QStringLiteral("tlid"), tlid);
+    object.insert(QStringLiteral("track"), MopidyModels::track(track));
+    return object;
+}
+
+QJsonObject MopidyModels::ref(const QString &type, const QString &uri, const QString &name)
+{
+    QJsonObject object = model(QStringLiteral("Ref"));
+    object.insert(QStringLiteral("type"), type);
+    object.insert(QStringLiteral("uri"), uri);
+    object.insert(QStringLiteral("name"), name);
+    return object;
+}
+
+QJsonObject MopidyModels::image(const QString &uri, int width)
+{
+    QJsonObject object = model(QStringLiteral("Image"));
+    object.insert(QStringLiteral("uri"), uri);
+    object.insert(QStringLiteral("width"), width);
+    object.insert(QStringLiteral("height"), width);
+    return object;
+}

@@ -1,0 +1,63 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "simulator/PlaylistShelf.h"
+
+#include <QUrl>
+
+#include <algorithm>
+
+namespace {
+
+QString uriOf(const QString &name)
+{
+    return QStringLiteral("m3u:") + QString::fromLatin1(QUrl::toPercentEncoding(name)) + QStringLiteral(".m3u8");
+}
+
+} // namespace
+
+PlaylistShelf::PlaylistShelf(QObject *parent)
+    : QObject(parent)
+{
+}
+
+QString PlaylistShelf::put(const QString &name, const QStringList &trackUris)
+{
+    const ShelfPlaylist playlist{uriOf(name), name, trackUris};
+    const int at = position(playlist.uri);
+    if (at < 0)
+        m_playlists << playlist;
+    else
+        m_playlists[at] = playlist;
+    Q_EMIT playlistChanged(playlist);
+    return playlist.uri;
+}
+
+bool PlaylistShelf::rename(const QString &uri, const QString &newName)
+{
+    const int at = position(uri);
+    if (at < 0)
+        return false;
+    m_playlists[at].name = newName;
+    m_playlists[at].uri = uriOf(newName);
+    Q_EMIT playlistDeleted(uri);
+    Q_EMIT playlistChanged(m_playlists.at(at));
+    return true;
+}
+
+bool PlaylistShelf::remove(const QString &uri)
+{
+    const int at = position(uri);
+    if (at < 0)
+        return false;
+    m_playlists.removeAt(at);
+    Q_EMIT playlistDeleted(uri);
+    return true;
+}
+
+int PlaylistShelf::position(const QString &uri) const
+{
+    const auto found = std::find_if(m_playlists.cbegin(), m_playlists.cend(),
+                                    [&uri](const ShelfPlaylist &playlist) { return playlist.uri == uri; });
+    return found == m_playlists.cend() ? -1 : int(found - m_playlists.cbegin());
+}

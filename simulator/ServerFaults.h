@@ -1,0 +1,29 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include <QHash>
+#include <QJsonValue>
+#include <QStringList>
+
+/**
+ * What the simulated music server does wrong with requests. All off by default; a change holds from the next
+ * request on. A request that is answered wrongly has been carried out all the same, unless told otherwise.
+ */
+struct ServerFaults
+{
+    /// The methods concerned by the flags below, by full name; empty: all of them.
+    QStringList methods;
+
+    bool noReply = false;     ///< says nothing
+    bool errorReply = false;  ///< an error in place of the result; the request is not carried out
+    bool doubleReply = false; ///< every reply twice
+    bool replyNoJson = false; ///< a text that is no JSON in place of the reply
+    int replyDelayMs = 0;     ///< replies this late; events are not delayed
+
+    /// What stands in place of the "result" of a method, by its full name, whatever `methods` says.
+    QHash<QString, QJsonValue> results;
+
+    bool concern(const QString &method) const { return methods.isEmpty() || methods.contains(method); }
+};
