@@ -9,6 +9,8 @@
 
 namespace {
 
+const QString help = QStringLiteral("help");
+const QString version = QStringLiteral("version");
 const QString demo = QStringLiteral("demo");
 const QString device = QStringLiteral("device");
 const QString user = QStringLiteral("user");
@@ -26,10 +28,10 @@ void describe(QCommandLineParser &parser)
         "Desktop host of the Halvora client: rooms, sources and music of one device.\n\n"
         "The password of --device is read from --password-file, else from the environment variable\n"
         "HALVORA_PASSWORD, else from a prompt on the terminal."));
-    parser.addHelpOption();
-    parser.addVersionOption();
     const QString address = QStringLiteral("HOST:PORT");
     parser.addOptions({
+        {{QStringLiteral("h"), help}, QStringLiteral("Show this help.")},
+        {{QStringLiteral("v"), version}, QStringLiteral("Show the version.")},
         {demo, QStringLiteral("Show a simulated house; nothing else is needed.")},
         {device, QStringLiteral("Connect to the device at this address."), address},
         {user, QStringLiteral("User name at the device."), QStringLiteral("NAME")},
@@ -56,10 +58,10 @@ QString complaint(const QCommandLineParser &parser)
     const QString endpoint = QStringLiteral("--%1 needs HOST:PORT, for example %2, not \"%3\".");
     const struct { bool wrong; QString sentence; } rules[] = {
         {!rest.isEmpty(), QStringLiteral("The argument \"%1\" is not known.").arg(rest.value(0))},
+        {parser.isSet(mopidy) && !parser.isSet(demo), QStringLiteral("--mopidy can only be used with --demo.")},
         {!toDevice && !parser.isSet(demo),
          QStringLiteral("Say what to show: --demo for a simulated house, or --device HOST:PORT for a device.")},
         {toDevice && parser.isSet(demo), QStringLiteral("Use either --demo or --device, not both.")},
-        {parser.isSet(mopidy) && !parser.isSet(demo), QStringLiteral("--mopidy can only be used with --demo.")},
         {!toDevice && (parser.isSet(user) || parser.isSet(passwordFile)),
          QStringLiteral("--user and --password-file can only be used with --device.")},
         {toDevice && !Endpoint::parse(parser.value(device)),
@@ -102,9 +104,9 @@ HostOptions HostOptions::read(const QStringList &arguments)
     const bool parsed = parser.parse(arguments);
     if (!parsed)
         return ending(Next::Refuse, sentence(parser.errorText()));
-    if (parser.isSet(QStringLiteral("help")))
+    if (parser.isSet(help))
         return ending(Next::Tell, parser.helpText());
-    if (parser.isSet(QStringLiteral("version"))) {
+    if (parser.isSet(version)) {
         return ending(Next::Tell, QCoreApplication::applicationName() + QLatin1Char(' ')
                                       + QCoreApplication::applicationVersion() + QLatin1Char('\n'));
     }

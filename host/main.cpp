@@ -1,14 +1,15 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
-#include "DemoSetup.h"
 #include "HostOptions.h"
 #include "HostScene.h"
 #include "HostSettings.h"
 #include "Password.h"
 #include "PluginGate.h"
-#include "QuitSignals.h"
 #include "ScreenshotTour.h"
+
+#include "simulator/DemoHouse.h"
+#include "simulator/SignalWatcher.h"
 
 #include <QGuiApplication>
 #include <QQuickWindow>
@@ -50,11 +51,13 @@ int show(const HostOptions &options, DeviceAccess access)
     if (!installLanguage(options.language))
         return refuse(Failed, QStringLiteral("The client library has no catalogue \"%1\".").arg(options.language));
 
-    DemoSetup demo;
+    DemoHouse demo;
     if (options.demo) {
-        if (!demo.start(options.mopidy))
-            return refuse(Failed, demo.error());
-        access = demo.access();
+        if (options.mopidy)
+            demo.setRealServer(options.mopidy->urlHost(), options.mopidy->port);
+        if (!demo.start())
+            return refuse(Failed, demo.errorText());
+        access = {{demo.deviceHost(), demo.devicePort()}, QStringLiteral("demo"), QStringLiteral("demo")};
     }
     HostScene scene(gate);
     if (!scene.show(access, options.smallScreen))
@@ -87,7 +90,8 @@ int main(int argc, char **argv)
 
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling); // the screens are laid out in fixed pixels
     const QGuiApplication application(argc, argv);
-    const QuitSignals quitSignals;
+    const SignalWatcher signalWatcher;
+    QObject::connect(&signalWatcher, &SignalWatcher::stopRequested, &application, &QCoreApplication::quit);
     ensureUniqueId();
     substituteFonts();
     return show(options, access);
