@@ -48,6 +48,20 @@ QVector<QQuickItem *> SceneSearch::visibleItems(QQuickItem *root)
     return found;
 }
 
+QStringList SceneSearch::loadedPictures(QQuickItem *root)
+{
+    QStringList found;
+    const auto items = visibleItems(root);
+    for (const QQuickItem *item : items) {
+        const auto children = item->childItems();
+        for (const QQuickItem *child : children) {
+            if (child->property("progress").toReal() >= 1) // an Image, and nothing left to load
+                found += child->property("source").toString();
+        }
+    }
+    return found;
+}
+
 QQuickItem *SceneSearch::ofType(QQuickItem *root, const char *type)
 {
     return first(root, [type](const QQuickItem *item) { return isOfType(item, type); });

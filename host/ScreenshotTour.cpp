@@ -15,6 +15,7 @@ namespace {
 constexpr int lookInterval = 100; // milliseconds
 constexpr int looksAtRest = 5;    // the screens' animations run for 300 ms
 constexpr int mostLooks = 200;    // 20 s at one stop
+constexpr int looksForCovers = 50; // not every house has covers
 
 constexpr char outputsView[] = "OutputsView";
 constexpr char playerView[] = "PlayerView";
@@ -35,13 +36,13 @@ ScreenshotTour::ScreenshotTour(QQuickWindow *window, const QString &folder, QObj
     const auto stay = [] { return true; };
     m_stops = {
         {words("01-outputs"), stay,
-         [this] { return isConnected(outputsView) && areCoversThere(outputsView, 2); }},
+         [this] { return isConnected(outputsView) && areCoversThere(2); }},
         {words("02-by-source"), [this] { return clickOn("text", words("Show by source")); },
          [this] { return isConnected(outputsView) && shown(outputsView)->property("workingModality").toInt() == 1; }},
         {words("03-matrix"), [=] { return clickOn("text", words("Show all")) && matrixButton(); },
          [this] { return isMatrixOpen(); }},
         {words("04-player"), [=] { return matrixButton() && clickAt(firstCover); },
-         [this] { return isConnected(playerView) && areCoversThere(playerView, 1); }},
+         [this] { return isConnected(playerView) && areCoversThere(1); }},
     };
     m_timer.setInterval(lookInterval);
     connect(&m_timer, &QTimer::timeout, this, &ScreenshotTour::look);
@@ -108,16 +109,10 @@ bool ScreenshotTour::isConnected(const char *type) const
     return overlay && !overlay->isVisible();
 }
 
-bool ScreenshotTour::areCoversThere(const char *type, int atLeast) const
+bool ScreenshotTour::areCoversThere(int atLeast) const
 {
-    int covers = 0;
-    const auto items = SceneSearch::visibleItems(shown(type));
-    for (const QQuickItem *item : items) {
-        const QString source = item->property("source").toString();
-        if (source.startsWith(QLatin1String("image:")) && item->property("progress").toReal() >= 1)
-            ++covers;
-    }
-    return covers >= atLeast;
+    const QStringList pictures = SceneSearch::loadedPictures(m_window->contentItem());
+    return m_looks >= looksForCovers || pictures.filter(QStringLiteral("image://async/")).size() >= atLeast;
 }
 
 bool ScreenshotTour::isMatrixOpen() const

@@ -50,7 +50,7 @@ private:
 
     QQuickItem *shown(const char *type) const;
     bool isConnected(const char *type) const;
-    bool areCoversThere(const char *type, int atLeast) const;
+    bool areCoversThere(int atLeast) const; ///< or have had their time
     bool isMatrixOpen() const;
     bool clickOn(const char *property, const QString &value) const;
     bool clickAt(const QPointF &place) const;
