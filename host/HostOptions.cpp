@@ -56,11 +56,17 @@ QString complaint(const QCommandLineParser &parser)
     const bool toDevice = parser.isSet(device);
     const QStringList rest = parser.positionalArguments();
     const QString endpoint = QStringLiteral("--%1 needs HOST:PORT, for example %2, not \"%3\".");
-    const struct { bool wrong; QString sentence; } rules[] = {
+    const struct
+    {
+        bool wrong;
+        QString sentence;
+    } rules[] = {
         {!rest.isEmpty(), QStringLiteral("The argument \"%1\" is not known.").arg(rest.value(0))},
-        {parser.isSet(mopidy) && !parser.isSet(demo), QStringLiteral("--mopidy can only be used with --demo.")},
+        {parser.isSet(mopidy) && !parser.isSet(demo),
+         QStringLiteral("--mopidy can only be used with --demo.")},
         {!toDevice && !parser.isSet(demo),
-         QStringLiteral("Say what to show: --demo for a simulated house, or --device HOST:PORT for a device.")},
+         QStringLiteral(
+             "Say what to show: --demo for a simulated house, or --device HOST:PORT for a device.")},
         {toDevice && parser.isSet(demo), QStringLiteral("Use either --demo or --device, not both.")},
         {!toDevice && (parser.isSet(user) || parser.isSet(passwordFile)),
          QStringLiteral("--user and --password-file can only be used with --device.")},
@@ -107,8 +113,9 @@ HostOptions HostOptions::read(const QStringList &arguments)
     if (parser.isSet(help))
         return ending(Next::Tell, parser.helpText());
     if (parser.isSet(version)) {
-        return ending(Next::Tell, QCoreApplication::applicationName() + QLatin1Char(' ')
-                                      + QCoreApplication::applicationVersion() + QLatin1Char('\n'));
+        return ending(Next::Tell,
+                      QCoreApplication::applicationName() + QLatin1Char(' ')
+                          + QCoreApplication::applicationVersion() + QLatin1Char('\n'));
     }
     const QString wrong = complaint(parser);
     if (!wrong.isEmpty())

@@ -21,8 +21,8 @@ struct HostOptions
 
     bool demo = false; ///< the simulated house inside this process; excludes `device`
     std::optional<Endpoint> device;
-    QString user;         ///< not empty when `device` is set
-    QString passwordFile; ///< empty: environment or terminal
+    QString user;                   ///< not empty when `device` is set
+    QString passwordFile;           ///< empty: environment or terminal
     std::optional<Endpoint> mopidy; ///< a real music server to announce in the demo
     QString language;               ///< "en", "de" or "it"
     bool smallScreen = false;

@@ -34,5 +34,6 @@ bool HostScene::show(const DeviceAccess &access, bool smallScreen)
 
 QQuickWindow *HostScene::window() const
 {
-    return m_engine.rootObjects().isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(m_engine.rootObjects().first());
+    return m_engine.rootObjects().isEmpty() ? nullptr
+                                            : qobject_cast<QQuickWindow *>(m_engine.rootObjects().first());
 }

@@ -89,7 +89,8 @@ std::optional<QString> readPassword(const QString &file, const QString &user, QS
         return qEnvironmentVariable(variable);
     if (isatty(STDIN_FILENO))
         return fromTerminal(user, error);
-    *error = QStringLiteral("--device needs a password: give --password-file FILE, set HALVORA_PASSWORD, or start it "
-                            "on a terminal.");
+    *error = QStringLiteral(
+        "--device needs a password: give --password-file FILE, set HALVORA_PASSWORD, or start it "
+        "on a terminal.");
     return std::nullopt;
 }

@@ -45,5 +45,6 @@ QString missingModules(QQmlEngine *engine)
     }
     if (missing.isEmpty())
         return {};
-    return QStringLiteral("These QML modules are missing or do not load: %1.").arg(missing.join(QStringLiteral(", ")));
+    return QStringLiteral("These QML modules are missing or do not load: %1.")
+        .arg(missing.join(QStringLiteral(", ")));
 }

@@ -12,9 +12,9 @@
 
 namespace {
 
-constexpr int lookInterval = 100; // milliseconds
-constexpr int looksAtRest = 5;    // the screens' animations run for 300 ms
-constexpr int mostLooks = 200;    // 20 s at one stop
+constexpr int lookInterval = 100;  // milliseconds
+constexpr int looksAtRest = 5;     // the screens' animations run for 300 ms
+constexpr int mostLooks = 200;     // 20 s at one stop
 constexpr int looksForCovers = 50; // not every house has covers
 
 constexpr char outputsView[] = "OutputsView";
@@ -35,10 +35,11 @@ ScreenshotTour::ScreenshotTour(QQuickWindow *window, const QString &folder, QObj
     const auto matrixButton = [this] { return clickOn("source", words("/matrix.png")); };
     const auto stay = [] { return true; };
     m_stops = {
-        {words("01-outputs"), stay,
-         [this] { return isConnected(outputsView) && areCoversThere(2); }},
+        {words("01-outputs"), stay, [this] { return isConnected(outputsView) && areCoversThere(2); }},
         {words("02-by-source"), [this] { return clickOn("text", words("Show by source")); },
-         [this] { return isConnected(outputsView) && shown(outputsView)->property("workingModality").toInt() == 1; }},
+         [this] {
+             return isConnected(outputsView) && shown(outputsView)->property("workingModality").toInt() == 1;
+         }},
         {words("03-matrix"), [=] { return clickOn("text", words("Show all")) && matrixButton(); },
          [this] { return isMatrixOpen(); }},
         {words("04-player"), [=] { return matrixButton() && clickAt(firstCover); },

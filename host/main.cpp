@@ -23,8 +23,9 @@ enum Status { Done = 0, Failed = 1, BadCall = 2 };
 /// Tells the person at the terminal what is wrong, in one sentence.
 int refuse(int status, const QString &sentence)
 {
-    std::fputs(qPrintable(QCoreApplication::applicationName() + QStringLiteral(": ") + sentence + QLatin1Char('\n')),
-               stderr);
+    std::fputs(
+        qPrintable(QCoreApplication::applicationName() + QStringLiteral(": ") + sentence + QLatin1Char('\n')),
+        stderr);
     return status;
 }
 
@@ -37,9 +38,10 @@ HostOptions readOptions(int &argc, char **argv)
 
 void takePictures(ScreenshotTour *tour)
 {
-    QObject::connect(tour, &ScreenshotTour::finished, tour, [](const QString &error) {
-        QCoreApplication::exit(error.isEmpty() ? Done : refuse(Failed, error));
-    }, Qt::QueuedConnection); // the tour may end before the event loop has begun
+    QObject::connect(
+        tour, &ScreenshotTour::finished, tour,
+        [](const QString &error) { QCoreApplication::exit(error.isEmpty() ? Done : refuse(Failed, error)); },
+        Qt::QueuedConnection); // the tour may end before the event loop has begun
     tour->start();
 }
 
@@ -49,7 +51,8 @@ int show(const HostOptions &options, DeviceAccess access)
     if (!gate.load())
         return refuse(Failed, gate.error());
     if (!installLanguage(options.language))
-        return refuse(Failed, QStringLiteral("The client library has no catalogue \"%1\".").arg(options.language));
+        return refuse(Failed,
+                      QStringLiteral("The client library has no catalogue \"%1\".").arg(options.language));
 
     DemoHouse demo;
     if (options.demo) {
