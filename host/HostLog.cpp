@@ -1,0 +1,6 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "HostLog.h"
+
+Q_LOGGING_CATEGORY(lcHost, "halvora.host", QtWarningMsg)

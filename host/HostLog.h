@@ -1,0 +1,9 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include <QLoggingCategory>
+
+/// "halvora.host": what the host itself has to say. Warnings and worse are shown; QT_LOGGING_RULES opens the rest.
+Q_DECLARE_LOGGING_CATEGORY(lcHost)

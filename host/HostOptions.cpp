@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "HostOptions.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QLocale>
+
+namespace {
+
+const QString help = QStringLiteral("help");
+const QString version = QStringLiteral("version");
+const QString demo = QStringLiteral("demo");
+const QString device = QStringLiteral("device");
+const QString user = QStringLiteral("user");
+const QString passwordFile = QStringLiteral("password-file");
+const QString mopidy = QStringLiteral("mopidy");
+const QString language = QStringLiteral("language");
+const QString smallScreen = QStringLiteral("small-screen");
+const QString screenshots = QStringLiteral("screenshots");
+
+const QStringList languages = {QStringLiteral("en"), QStringLiteral("de"), QStringLiteral("it")};
+
+void describe(QCommandLineParser &parser)
+{
+    parser.setApplicationDescription(QStringLiteral(
+        "Desktop host of the Halvora client: rooms, sources and music of one device.\n\n"
+        "The password of --device is read from --password-file, else from the environment variable\n"
+        "HALVORA_PASSWORD, else from a prompt on the terminal."));
+    const QString address = QStringLiteral("HOST:PORT");
+    parser.addOptions({
+        {{QStringLiteral("h"), help}, QStringLiteral("Show this help.")},
+        {{QStringLiteral("v"), version}, QStringLiteral("Show the version.")},
+        {demo, QStringLiteral("Show a simulated house; nothing else is needed.")},
+        {device, QStringLiteral("Connect to the device at this address."), address},
+        {user, QStringLiteral("User name at the device."), QStringLiteral("NAME")},
+        {passwordFile, QStringLiteral("File whose first line is the password."), QStringLiteral("FILE")},
+        {mopidy, QStringLiteral("With --demo: offer this Mopidy server as a source."), address},
+        {language, QStringLiteral("en, de or it; the system's language by default."), QStringLiteral("CODE")},
+        {smallScreen, QStringLiteral("Lay dialogs out for a small screen.")},
+        {screenshots, QStringLiteral("Take pictures of the screens, write them to this folder and end."),
+         QStringLiteral("DIR")},
+    });
+}
+
+QString systemLanguage()
+{
+    const QString code = QLocale::system().name().left(2);
+    return languages.contains(code) ? code : languages.first();
+}
+
+/// One sentence on the first thing that does not fit together, or an empty text.
+QString complaint(const QCommandLineParser &parser)
+{
+    const bool toDevice = parser.isSet(device);
+    const QStringList rest = parser.positionalArguments();
+    const QString endpoint = QStringLiteral("--%1 needs HOST:PORT, for example %2, not \"%3\".");
+    const struct
+    {
+        bool wrong;
+        QString sentence;
+    } rules[] = {
+        {!rest.isEmpty(), QStringLiteral("The argument \"%1\" is not known.").arg(rest.value(0))},
+        {parser.isSet(mopidy) && !parser.isSet(demo),
+         QStringLiteral("--mopidy can only be used with --demo.")},
+        {!toDevice && !parser.isSet(demo),
+         QStringLiteral(
+             "Say what to show: --demo for a simulated house, or --device HOST:PORT for a device.")},
+        {toDevice && parser.isSet(demo), QStringLiteral("Use either --demo or --device, not both.")},
+        {!toDevice && (parser.isSet(user) || parser.isSet(passwordFile)),
+         QStringLiteral("--user and --password-file can only be used with --device.")},
+        {toDevice && !Endpoint::parse(parser.value(device)),
+         endpoint.arg(device, QStringLiteral("192.168.1.20:5000"), parser.value(device))},
+        {toDevice && parser.value(user).isEmpty(), QStringLiteral("--device needs --user NAME as well.")},
+        {parser.isSet(mopidy) && !Endpoint::parse(parser.value(mopidy)),
+         endpoint.arg(mopidy, QStringLiteral("127.0.0.1:6680"), parser.value(mopidy))},
+        {parser.isSet(language) && !languages.contains(parser.value(language)),
+         QStringLiteral("--language knows en, de and it, not \"%1\".").arg(parser.value(language))},
+        {parser.isSet(screenshots) && parser.value(screenshots).isEmpty(),
+         QStringLiteral("--screenshots needs the name of a folder.")},
+    };
+    for (const auto &rule : rules) {
+        if (rule.wrong)
+            return rule.sentence;
+    }
+    return {};
+}
+
+HostOptions ending(HostOptions::Next next, const QString &text)
+{
+    HostOptions options;
+    options.next = next;
+    options.text = text;
+    return options;
+}
+
+/// Qt's own complaint as a sentence.
+QString sentence(QString text)
+{
+    return text.endsWith(QLatin1Char('.')) ? text : text + QLatin1Char('.');
+}
+
+} // namespace
+
+HostOptions HostOptions::read(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    describe(parser);
+    const bool parsed = parser.parse(arguments);
+    if (!parsed)
+        return ending(Next::Refuse, sentence(parser.errorText()));
+    if (parser.isSet(help))
+        return ending(Next::Tell, parser.helpText());
+    if (parser.isSet(version)) {
+        return ending(Next::Tell,
+                      QCoreApplication::applicationName() + QLatin1Char(' ')
+                          + QCoreApplication::applicationVersion() + QLatin1Char('\n'));
+    }
+    const QString wrong = complaint(parser);
+    if (!wrong.isEmpty())
+        return ending(Next::Refuse, wrong);
+
+    HostOptions options;
+    options.demo = parser.isSet(::demo);
+    options.device = Endpoint::parse(parser.value(::device));
+    options.user = parser.value(::user);
+    options.passwordFile = parser.value(::passwordFile);
+    options.mopidy = Endpoint::parse(parser.value(::mopidy));
+    options.language = parser.isSet(::language) ? parser.value(::language) : systemLanguage();
+    options.smallScreen = parser.isSet(::smallScreen);
+    options.screenshots = parser.value(::screenshots);
+    return options;
+}

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include "Endpoint.h"
+
+#include <QStringList>
+
+#include <optional>
+
+/// What the command line asks for. A plain value; the password is not part of it, on purpose: what stands on a
+/// command line can be read by everybody on the machine.
+struct HostOptions
+{
+    /// What is to happen: go on, or print `text` and end with status 0 (Tell) or 2 (Refuse).
+    enum class Next { Run, Tell, Refuse };
+
+    Next next = Next::Run;
+    QString text; ///< help, version, or one sentence on what is wrong
+
+    bool demo = false; ///< the simulated house inside this process; excludes `device`
+    std::optional<Endpoint> device;
+    QString user;                   ///< not empty when `device` is set
+    QString passwordFile;           ///< empty: environment or terminal
+    std::optional<Endpoint> mopidy; ///< a real music server to announce in the demo
+    QString language;               ///< "en", "de" or "it"
+    bool smallScreen = false;
+    QString screenshots; ///< folder for the pictures; empty: none are taken
+
+    /// Reads the arguments, the program's name first. Needs a QCoreApplication (for the help text).
+    static HostOptions read(const QStringList &arguments);
+};
