@@ -9,15 +9,18 @@ Rectangle {
     id: root
 
     property bool settled: false
+    property real restingPlace: 0
 
     function park() {
         settled = false
-        y = parent.height
+        restingPlace = parent.height
+        y = restingPlace
         settled = true
     }
 
+    // For a parent of a new size. A scene may go through odd sizes before it has its own.
     function parkUnlessOpen() {
-        if (!settled || y > parent.height / 2)
+        if (!settled || y >= restingPlace || y > parent.height / 2)
             park()
     }
 
