@@ -1,0 +1,380 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "images/AsyncImageProvider.h"
+#include "images/ImageDownloader.h"
+#include "images/ImageRequest.h"
+#include "images/PictureDecoder.h"
+#include "simulator/ArtworkServer.h"
+#include "support/Suite.h"
+
+#include <QBuffer>
+#include <QQmlComponent>
+#include <QQmlEngine>
+#include <QQuickItem>
+
+namespace {
+
+using Spoil = std::function<void(ArtworkFaults &)>;
+
+// An item of the screens, as far as the downloader knows it.
+class Cell final : public QQuickItem
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE void updateImage(const QVariant &uri) { told << uri.toString(); }
+
+    QStringList told;
+};
+
+ImageDownloader *downloader()
+{
+    return ImageDownloader::instance();
+}
+
+QImage picture(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::darkCyan);
+    return image;
+}
+
+QByteArray png(int width, int height)
+{
+    QBuffer buffer;
+    picture(width, height).save(&buffer, "PNG");
+    return buffer.data();
+}
+
+// Fills the cache with `count` small pictures and returns their keys, oldest first.
+QStringList fill(const QString &prefix, int count)
+{
+    QStringList keys;
+    for (int i = 0; i < count; ++i) {
+        keys << prefix + QString::number(i);
+        downloader()->addToCache(keys.last(), picture(1, 1));
+    }
+    return keys;
+}
+
+QStringList cached(const QStringList &keys)
+{
+    QStringList found;
+    std::copy_if(keys.begin(), keys.end(), std::back_inserter(found), [](auto key) { return downloader()->isCached(key); });
+    return found;
+}
+
+// A picture server of its own for each test, so that no address comes twice.
+struct Gallery
+{
+    Gallery()
+    {
+        QVERIFY(server.listen());
+        server.setFile("/a.png"_s, "image/png", png(200, 100));
+        url = server.url("/a.png"_s);
+    }
+
+    bool fetched(int times) const
+    {
+        return QTest::qWaitFor([&] { return server.requestCount("/a.png"_s) == times; });
+    }
+
+    bool isCached() const
+    {
+        return QTest::qWaitFor([&] { return downloader()->isCached(url); }, 20000);
+    }
+
+    // Until every call that is under way to an item has been made.
+    void settle()
+    {
+        Cell marker;
+        const QString other = server.url("/settled.png"_s);
+        server.faults() = {};
+        server.setFile("/settled.png"_s, "image/png", png(1, 1));
+        downloader()->requestImage(other, &marker);
+        QVERIFY(QTest::qWaitFor([&] { return !marker.told.isEmpty(); }));
+    }
+
+    ArtworkServer server;
+    QString url;
+    Cell cell;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(Spoil)
+
+class TestImages final : public Suite
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // What works
+
+    void pictureIsFetchedOnceAndTold();
+    void qmlItemShowsThePicture();
+    void oneRequestAndOneItemAnAddress();
+    void decodingNeedsNoGuiThread();
+    void cacheIsFirstInFirstOut();
+    void keyThatStandsTwiceGoesWithItsOlderPlace();
+    void providerFits_data();
+    void providerFits();
+
+    // What goes wrong
+
+    void failedDownloadCanBeTriedAgain_data();
+    void failedDownloadCanBeTriedAgain();
+    void noPictureIsKeptAsNone_data();
+    void noPictureIsKeptAsNone();
+    void discarding();
+    void itemThatDiesIsNotTold();
+    void replyIsKeptUnderItsOwnAddress();
+    void providerWithoutThePicture();
+    void bodiesBeyondTheBound();
+};
+
+void TestImages::pictureIsFetchedOnceAndTold()
+{
+    Gallery gallery;
+    requestPicture(gallery.url, &gallery.cell);
+    QVERIFY(QTest::qWaitFor([&] { return !gallery.cell.told.isEmpty(); }));
+    QCOMPARE(gallery.cell.told, QStringList{gallery.url});
+    QCOMPARE(downloader()->cachedImage(gallery.url).size(), QSize(200, 100));
+    Cell second;
+    requestPicture(gallery.url, &second);
+    QCOMPARE(second.told, QStringList{gallery.url}); // at once
+    gallery.settle();
+    QCOMPARE(gallery.server.requestCount("/a.png"_s), 1);
+}
+
+void TestImages::qmlItemShowsThePicture()
+{
+    Gallery gallery;
+    QQmlEngine engine;
+    engine.addImageProvider("async"_s, new AsyncImageProvider);
+    QQmlComponent component(&engine);
+    component.setData("import QtQuick 2.0; Image { property string uri; source: uri === \"\" ? \"\" : \"image://async/\" "
+                      "+ uri; function updateImage(where) { uri = where } }", QUrl());
+    const std::unique_ptr<QObject> image(component.create());
+    QVERIFY2(image, qPrintable(component.errorString()));
+    requestPicture(gallery.url, qobject_cast<QQuickItem *>(image.get()));
+    QVERIFY(QTest::qWaitFor([&] { return image->property("implicitWidth").toInt() == 200; }));
+    QCOMPARE(image->property("implicitHeight").toInt(), 100);
+}
+
+void TestImages::oneRequestAndOneItemAnAddress()
+{
+    Gallery gallery;
+    Cell second;
+    downloader()->requestImage(gallery.url, &gallery.cell);
+    downloader()->requestImage(gallery.url, &second);
+    downloader()->requestImage(gallery.url, &gallery.cell);
+    QVERIFY(gallery.isCached());
+    gallery.settle();
+    QCOMPARE(gallery.cell.told, QStringList{gallery.url});
+    QCOMPARE(second.told, QStringList());
+    QCOMPARE(gallery.server.requestCount("/a.png"_s), 1);
+}
+
+// The server has a thread of its own here, and this one makes no turn of its event loop.
+void TestImages::decodingNeedsNoGuiThread()
+{
+    QThread thread;
+    QObject context;
+    context.moveToThread(&thread);
+    thread.start();
+    std::unique_ptr<ArtworkServer> server;
+    QString url;
+    const auto inThread = [&](auto job) { QMetaObject::invokeMethod(&context, job, Qt::BlockingQueuedConnection); };
+    inThread([&] {
+        server = std::make_unique<ArtworkServer>();
+        server->listen();
+        server->setFile("/a.png"_s, "image/png", png(2000, 2000));
+        url = server->url("/a.png"_s);
+    });
+    Cell cell;
+    requestPicture(url, &cell);
+    const QDeadlineTimer deadline(10000);
+    while (!downloader()->isCached(url) && !deadline.hasExpired())
+        QThread::yieldCurrentThread();
+    QCOMPARE(downloader()->cachedImage(url).size(), QSize(2000, 2000));
+    QCOMPARE(cell.told, QStringList());
+    QVERIFY(QTest::qWaitFor([&] { return !cell.told.isEmpty(); }));
+    inThread([&] { server.reset(); });
+    thread.quit();
+    thread.wait();
+}
+
+void TestImages::cacheIsFirstInFirstOut()
+{
+    const QStringList keys = fill("fifo"_s, 50);
+    QCOMPARE(cached(keys), keys);
+    QVERIFY(!downloader()->cachedImage(keys.first()).isNull()); // a hit protects nothing
+    fill("next"_s, 1);
+    QCOMPARE(cached(keys), keys.mid(1));
+    fill("more"_s, 49);
+    QCOMPARE(cached(keys), QStringList());
+}
+
+void TestImages::keyThatStandsTwiceGoesWithItsOlderPlace()
+{
+    fill("flush"_s, 50);
+    const QStringList twice = fill("twice"_s, 1);
+    const QStringList between = fill("between"_s, 10);
+    fill("twice"_s, 1);
+    const QStringList later = fill("later"_s, 38);
+    QCOMPARE(cached(twice + between + later).size(), 49);
+    const QStringList last = fill("last"_s, 1);
+    QCOMPARE(cached(twice + between + later + last), between + later + last); // a newer place does not help
+    fill("turn"_s, 10);
+    QCOMPARE(cached(between), QStringList());
+    fill("second"_s, 1); // takes the newer place away, where there is no picture any more
+    QCOMPARE(cached(later), later);
+}
+
+void TestImages::providerFits_data()
+{
+    QTest::addColumn<QSize>("requested");
+    QTest::addColumn<QSize>("result");
+    QTest::newRow("nothing asked") << QSize() << QSize(200, 100);
+    QTest::newRow("width alone") << QSize(50, -1) << QSize(200, 100);
+    QTest::newRow("height alone") << QSize(-1, 50) << QSize(200, 100);
+    QTest::newRow("fits by its width") << QSize(50, 50) << QSize(50, 25);
+    QTest::newRow("fits by its height") << QSize(500, 20) << QSize(40, 20);
+    QTest::newRow("larger") << QSize(400, 400) << QSize(400, 200);
+}
+
+void TestImages::providerFits()
+{
+    QFETCH(const QSize, requested);
+    QFETCH(const QSize, result);
+    downloader()->addToCache("http://fits"_s, picture(200, 100));
+    QSize size;
+    QCOMPARE(AsyncImageProvider().requestImage("http://fits"_s, &size, requested).size(), result);
+    QCOMPARE(size, result);
+    QCOMPARE(AsyncImageProvider().requestImage("http://fits"_s, nullptr, requested).size(), result);
+}
+
+void TestImages::failedDownloadCanBeTriedAgain_data()
+{
+    QTest::addColumn<Spoil>("spoil");
+    QTest::newRow("not found") << Spoil([](ArtworkFaults &faults) { faults.notFound = true; });
+    QTest::newRow("half the body") << Spoil([](ArtworkFaults &faults) { faults.truncatedBody = true; });
+    QTest::newRow("less than announced") << Spoil([](ArtworkFaults &faults) { faults.lengthLie = 1000; });
+}
+
+void TestImages::failedDownloadCanBeTriedAgain()
+{
+    QFETCH(const Spoil, spoil);
+    Gallery gallery;
+    spoil(gallery.server.faults());
+    downloader()->requestImage(gallery.url, &gallery.cell);
+    QVERIFY(gallery.fetched(1));
+    gallery.server.faults() = {};
+    // The failure is silent; once it is through, a request goes out again.
+    QVERIFY(QTest::qWaitFor([&] {
+        downloader()->requestImage(gallery.url, &gallery.cell);
+        return gallery.server.requestCount("/a.png"_s) == 2;
+    }));
+    QVERIFY(QTest::qWaitFor([&] { return !gallery.cell.told.isEmpty(); }));
+    QCOMPARE(gallery.cell.told, QStringList{gallery.url}); // once, and not for the failure
+    QCOMPARE(downloader()->cachedImage(gallery.url).size(), QSize(200, 100));
+}
+
+void TestImages::noPictureIsKeptAsNone_data()
+{
+    QTest::addColumn<Spoil>("spoil");
+    QTest::newRow("no picture") << Spoil([](ArtworkFaults &faults) { faults.noPicture = true; });
+    QTest::newRow("too many pixels") << Spoil([](ArtworkFaults &faults) { faults.hugeDimensions = true; });
+    QTest::newRow("too long, announced") << Spoil([](ArtworkFaults &faults) { faults.lengthLie = 40 * 1024 * 1024; });
+    QTest::newRow("too long, not announced") << Spoil([](ArtworkFaults &faults) { faults.endlessBody = true; });
+}
+
+void TestImages::noPictureIsKeptAsNone()
+{
+    QFETCH(const Spoil, spoil);
+    Gallery gallery;
+    gallery.server.setFile("/a.png"_s, "image/png", png(200, 100).leftJustified(4 * 1024 * 1024, ' '));
+    spoil(gallery.server.faults());
+    downloader()->requestImage(gallery.url, &gallery.cell);
+    QVERIFY(gallery.isCached());
+    QVERIFY(downloader()->cachedImage(gallery.url).isNull());
+    QVERIFY(QTest::qWaitFor([&] { return gallery.cell.told.size() == 1; }));
+    gallery.server.faults() = {};
+    requestPicture(gallery.url, &gallery.cell);
+    QCOMPARE(gallery.cell.told.size(), 2);
+    gallery.settle();
+    QCOMPARE(gallery.server.requestCount("/a.png"_s), 1); // not again while it is kept
+}
+
+void TestImages::discarding()
+{
+    Gallery gallery;
+    Cell stranger;
+    for (const QString &unknown : {QString(), "http://unknown"_s})
+        downloader()->discardImage(unknown, &gallery.cell);
+    downloader()->requestImage(gallery.url, &gallery.cell);
+    downloader()->discardImage(gallery.url, &stranger); // not the one that waits
+    QVERIFY(QTest::qWaitFor([&] { return gallery.cell.told.size() == 1; }));
+
+    Gallery other;
+    downloader()->requestImage(other.url, &other.cell);
+    downloader()->discardImage(other.url, &other.cell);
+    QVERIFY(other.isCached()); // kept all the same
+    other.settle();
+    QCOMPARE(other.cell.told, QStringList());
+
+    Gallery third;
+    downloader()->requestImage(third.url, &third.cell);
+    downloader()->discardImage(third.url, &third.cell);
+    downloader()->requestImage(third.url, &stranger); // while the first request runs
+    QVERIFY(third.fetched(2));
+    QVERIFY(QTest::qWaitFor([&] { return !stranger.told.isEmpty(); }));
+    QCOMPARE(third.cell.told, QStringList());
+}
+
+void TestImages::itemThatDiesIsNotTold()
+{
+    Gallery gallery;
+    auto cell = std::make_unique<Cell>();
+    downloader()->requestImage(gallery.url, cell.get());
+    QVERIFY(gallery.fetched(1));
+    cell.reset();
+    QVERIFY(gallery.isCached());
+    gallery.settle();
+}
+
+void TestImages::replyIsKeptUnderItsOwnAddress()
+{
+    Gallery gallery;
+    const QString asked = QString(gallery.url).replace("http:"_s, "HTTP:"_s);
+    downloader()->requestImage(asked, &gallery.cell);
+    QVERIFY(gallery.isCached()); // under the text that QUrl gives
+    gallery.settle();
+    QVERIFY(!downloader()->isCached(asked));
+    QCOMPARE(gallery.cell.told, QStringList());
+}
+
+void TestImages::providerWithoutThePicture()
+{
+    QSize size(7, 9);
+    QVERIFY(AsyncImageProvider().requestImage("http://missing"_s, &size, QSize(10, 10)).isNull());
+    QCOMPARE(size, QSize(7, 9));
+    downloader()->addToCache("http://null"_s, QImage());
+    QVERIFY(AsyncImageProvider().requestImage("http://null"_s, &size, QSize()).isNull());
+    QCOMPARE(size, QSize(0, 0));
+}
+
+void TestImages::bodiesBeyondTheBound()
+{
+    QByteArray body = png(20, 10);
+    QCOMPARE(PictureDecoder::decoded(body).size(), QSize(20, 10));
+    body.append(QByteArray(int(PictureDecoder::maxBytes) - body.size(), ' '));
+    QCOMPARE(PictureDecoder::decoded(body).size(), QSize(20, 10));
+    QVERIFY(PictureDecoder::decoded(body + ' ').isNull());
+    QVERIFY(PictureDecoder::decoded(QByteArray()).isNull());
+}
+
+HALVORA_SUITE_MAIN(TestImages)
+#include "tst_images.moc"

@@ -1,0 +1,847 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "player/HalvoraPlayer.h"
+#include "player/PlayerTiming.h"
+#include "screens/DynamicTranslator.h"
+#include "simulator/MusicServerSimulator.h"
+#include "support/RawMusicServer.h"
+#include "support/SignalLog.h"
+#include "support/Suite.h"
+
+#include <QTcpServer>
+#include <QTcpSocket>
+
+namespace {
+
+using Action = std::function<void(HalvoraPlayer *)>;
+
+constexpr int never = 3600 * 1000; // a tick that the test makes by hand
+
+const QStringList fullPoll{"core.get_uri_schemes"_s,       "core.playback.get_state"_s,
+                           "core.playback.get_current_track"_s, "core.tracklist.get_random"_s,
+                           "core.tracklist.get_repeat"_s,  "core.tracklist.get_tl_tracks"_s,
+                           "core.playlists.as_list"_s};
+
+QString request(int id, const QString &method, const QString &params = QString())
+{
+    const QString tail = params.isEmpty() ? QString() : ",\"params\":"_s + params;
+    return "{\"id\":\"%1\",\"jsonrpc\":\"2.0\",\"method\":\"%2\"%3}"_s.arg(id).arg(method, tail);
+}
+
+QJsonValue json(const QString &text)
+{
+    return QJsonDocument::fromJson("[" + text.toUtf8() + "]").array().at(0);
+}
+
+QString textOf(const QJsonValue &value)
+{
+    if (value.isUndefined())
+        return "undefined"_s;
+    const QString list = QString::fromUtf8(QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact));
+    return list.mid(1, list.size() - 2);
+}
+
+template<typename T>
+QList<T *> listed(QQmlListProperty<T> list)
+{
+    QList<T *> objects;
+    for (int i = 0; i < list.count(&list); ++i)
+        objects << list.at(&list, i);
+    return objects;
+}
+
+QString songText(const Song *song)
+{
+    return song ? QStringList{song->uri(), song->name(), song->album(), song->albumUri(), song->artists().join(QLatin1Char(';')),
+                              song->artistsUri().join(QLatin1Char(';')), song->artistsString(), QString::number(song->duration())}
+                      .join(QLatin1Char('|'))
+                : "none"_s;
+}
+
+// Everything of the mirror that a reply can change.
+QString stateOf(HalvoraPlayer *player)
+{
+    QStringList texts{"%1 %2 %3"_s.arg(player->playPause()).arg(int(player->shuffle())).arg(int(player->repeat()))};
+    texts << "song:"_s + (player->currentSong() ? player->currentSong()->uri() : QString());
+    texts << "time:%1"_s.arg(player->currentSong() ? player->currentSong()->currTime() : -1);
+    texts << "queue:"_s;
+    for (const int tlid : player->queueTlid())
+        texts.last() += QString::number(tlid);
+    texts << "lists:"_s;
+    for (const PlayerItem *item : listed(player->playlists()))
+        texts.last() += item->uri();
+    return (texts << "filters:"_s + player->filters().join(QLatin1Char(','))).join(QLatin1Char(' '));
+}
+
+class Receiver final : public QObject
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE void browseAnything(int id, QJsonValue v) { calls << "browse %1 "_s.arg(id) + textOf(v); }
+    Q_INVOKABLE void imagesReceived(QJsonValue v) { calls << "images "_s + textOf(v); }
+
+    QStringList calls;
+};
+
+// A player on a server that says only what it is told. Ticks are made by hand.
+struct Studio
+{
+    explicit Studio(int retry = never)
+    {
+        PlayerTiming::current() = {never, retry, 2 * retry};
+        QVERIFY(server.listen());
+        player.setIpAddress("127.0.0.1"_s);
+        player.setPort(server.port());
+    }
+
+    void connect()
+    {
+        const int earlier = server.paths.size();
+        player.startConnection();
+        QVERIFY(QTest::qWaitFor([&] { return server.paths.size() > earlier && server.liveSockets() == 1; }));
+        settle();
+    }
+
+    // Until the player has read all that was sent to it.
+    void settle()
+    {
+        static const QStringList states{"stopped"_s, "paused"_s, "playing"_s};
+        QSignalSpy read(&player, &HalvoraPlayer::playPauseChanged);
+        server.send(QJsonObject{{"event"_s, "playback_state_changed"_s},
+                                {"new_state"_s, states.at(player.playPause())}});
+        QVERIFY(read.size() || read.wait());
+    }
+
+    void say(const QString &text)
+    {
+        server.send(text);
+        settle();
+    }
+
+    // What has arrived since the last call.
+    QStringList sent()
+    {
+        const QString marker = "core.playback.previous"_s;
+        player.actionPrevious();
+        [&] { QVERIFY(QTest::qWaitFor([&] { return server.methods().contains(marker); })); }();
+        QStringList texts;
+        texts.swap(server.texts);
+        texts.removeLast();
+        return texts;
+    }
+
+    QStringList sentMethods()
+    {
+        const QStringList texts = sent();
+        QStringList names;
+        for (const QString &text : texts)
+            names << json(text).toObject().value("method"_s).toString();
+        return names;
+    }
+
+    RawMusicServer server;
+    HalvoraPlayer player;
+};
+
+const QString track = R"({"uri":"local:a","name":"A","length":61001,"album":{"uri":"al:1","name":"Al","comment":"Co",)"
+                      R"("artists":[{"name":"AA"}]},"artists":[{"uri":"ar:1","name":"X"},{"name":"Y"},{"uri":"ar:3"}]})"_s;
+
+} // namespace
+
+Q_DECLARE_METATYPE(Action)
+
+class TestPlayer final : public Suite
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { DynamicTranslator::loadTranslations(); }
+
+    // What works
+
+    void firstTickSendsTheFullPoll();
+    void pollsComeEverySixtyTicks();
+    void playingAsksForTheTimeFirst();
+    void requests_data();
+    void requests();
+    void events_data();
+    void events();
+    void replies_data();
+    void replies();
+    void tracks_data();
+    void tracks();
+    void unchangedTrackKeepsItsSong();
+    void secondsAreRoundedUp();
+    void queueIsInOrderOfItsIds();
+    void playlistIsMadeFromTheQueue();
+    void picturesOfTheServerAreCompleted();
+    void refusedRemovalIsSentInTheOtherForm();
+    void serverIsFollowed();
+
+    // What goes wrong
+
+    void repliesOfEveryType_data();
+    void repliesOfEveryType();
+    void errorReplies_data();
+    void errorReplies();
+    void deletedReceiverIsNotCalled();
+    void repliesOfAnEarlierConnectionAreIgnored();
+    void reconnectionKeepsTheCountdown();
+    void dropComesToRest();
+    void serverThatIsDown_data();
+    void serverThatIsDown();
+    void startsAndStopsInQuickSuccession();
+    void stopEndsRetries();
+    void invalidAddressIsTriedAgain();
+    void stoppedPlayerSendsNothing();
+};
+
+void TestPlayer::firstTickSendsTheFullPoll()
+{
+    Studio studio;
+    studio.connect();
+    QCOMPARE(studio.server.paths, QStringList{"/mopidy/ws"_s});
+    QCOMPARE(studio.server.texts, QStringList());
+    studio.player.refreshTimerTimeout();
+    QStringList expected;
+    for (int id = 0; id < fullPoll.size(); ++id)
+        expected << request(id, fullPoll.at(id));
+    QCOMPARE(studio.sent(), expected);
+}
+
+void TestPlayer::pollsComeEverySixtyTicks()
+{
+    Studio studio;
+    studio.connect();
+    for (int poll = 0; poll < 2; ++poll) {
+        studio.player.refreshTimerTimeout();
+        QCOMPARE(studio.sentMethods(), fullPoll);
+        for (int tick = 1; tick < 60; ++tick)
+            studio.player.refreshTimerTimeout();
+        QCOMPARE(studio.sentMethods(), QStringList());
+    }
+}
+
+void TestPlayer::playingAsksForTheTimeFirst()
+{
+    Studio studio;
+    studio.connect();
+    const QString time = "core.playback.get_time_position"_s;
+    studio.player.setPlayPause(HalvoraPlayer::Playing);
+    studio.player.refreshTimerTimeout();
+    studio.player.refreshTimerTimeout();
+    QCOMPARE(studio.sentMethods(), QStringList{time} + fullPoll + QStringList{time});
+    studio.player.setPlayPause(HalvoraPlayer::Paused);
+    studio.player.refreshTimerTimeout();
+    QCOMPARE(studio.sentMethods(), QStringList());
+}
+
+void TestPlayer::requests_data()
+{
+    QTest::addColumn<Action>("prepare");
+    QTest::addColumn<Action>("act");
+    QTest::addColumn<QStringList>("methods");
+    QTest::addColumn<QStringList>("params"); // none for a request without any
+    using Player = HalvoraPlayer;
+    const auto row = [](const char *name, Action act, const QStringList &methods, const QStringList &params = {},
+                        Action prepare = [](Player *) {}) {
+        QTest::newRow(name) << prepare << act << methods << params;
+    };
+    const auto playPause = [](int state) { return [state](Player *p) { p->setPlayPause(state); }; };
+    const auto playing = [](Player *p) { p->actionPlay(); };
+    row("play, stopped", playing, {"core.playback.play"_s});
+    row("play, paused", playing, {"core.playback.resume"_s}, {}, playPause(1));
+    row("play, playing", playing, {"core.playback.resume"_s}, {}, playPause(2));
+    row("pause", [](Player *p) { p->actionPause(); }, {"core.playback.pause"_s});
+    row("previous", [](Player *p) { p->actionPrevious(); }, {"core.playback.previous"_s});
+    row("next", [](Player *p) { p->actionNext(); }, {"core.playback.next"_s});
+    row("repeat", [](Player *p) { p->actionRepeat(); }, {"core.tracklist.set_repeat"_s}, {R"({"value":true})"_s});
+    row("repeat, set", [](Player *p) { p->actionRepeat(); }, {"core.tracklist.set_repeat"_s}, {R"({"value":false})"_s},
+        [](Player *p) { p->setRepeat(true); });
+    row("shuffle", [](Player *p) { p->actionShuffle(); }, {"core.tracklist.set_random"_s}, {R"({"value":true})"_s},
+        [](Player *p) { p->setRepeat(true); });
+    row("shuffle, set", [](Player *p) { p->actionShuffle(); }, {"core.tracklist.set_random"_s},
+        {R"({"value":false})"_s}, [](Player *p) { p->setShuffle(true); });
+    row("a track", [](Player *p) { p->actionPlayTrack(5); }, {"core.playback.play"_s}, {R"({"tlid":5})"_s});
+    row("clear", [](Player *p) { p->actionClearQueue(); }, {"core.tracklist.clear"_s});
+    row("add at the end", [](Player *p) { p->actionPlayAdd({"a"_s, "b"_s}, -1, false); }, {"core.tracklist.add"_s},
+        {R"({"uris":["a","b"]})"_s});
+    row("add at the start", [](Player *p) { p->actionPlayAdd({"a"_s}, 0, true); }, {"core.tracklist.add"_s},
+        {R"({"at_position":0,"uris":["a"]})"_s});
+    row("play what was added", [](Player *p) { p->actionPlayNow(json(R"([{"tlid":7},{"tlid":8}])"_s)); },
+        {"core.playback.play"_s}, {R"({"tlid":7})"_s});
+    row("nothing was added", [](Player *p) { p->actionPlayNow(json("[]"_s)); }, {"core.playback.play"_s}, {"{}"_s});
+    row("replace the queue", [](Player *p) { p->actionResetQueueWithUris({"a"_s}); },
+        {"core.playback.stop"_s, "core.tracklist.clear"_s, "core.tracklist.add"_s}, {QString(), QString(), R"({"uris":["a"]})"_s});
+    row("index", [](Player *p) { p->actionPlayIndex(nullptr, ""); }, {"core.tracklist.index"_s});
+    row("root", [](Player *p) { p->actionBrowse(QString(), nullptr, ""); }, {"core.library.browse"_s}, {R"({"uri":null})"_s});
+    row("browse", [](Player *p) { p->actionBrowse("a:b"_s, nullptr, ""); }, {"core.library.browse"_s}, {R"({"uri":"a:b"})"_s});
+    row("look up", [](Player *p) { p->actionLookup({"a"_s, "b"_s}, nullptr, ""); }, {"core.library.lookup"_s},
+        {R"({"uris":["a","b"]})"_s});
+    row("look up nothing", [](Player *p) { p->actionLookupImages({}, nullptr, ""); }, {"core.library.get_images"_s},
+        {R"({"uris":[]})"_s});
+    row("search", [](Player *p) { p->actionSearch("beat"_s, QString(), nullptr, ""); }, {"core.library.search"_s},
+        {R"({"query":{"any":"beat"},"uris":{}})"_s});
+    row("search one service", [](Player *p) { p->actionSearch("beat"_s, "spotify"_s, nullptr, ""); },
+        {"core.library.search"_s}, {R"({"query":{"any":"beat"},"uris":["spotify:"]})"_s});
+    row("playlists", [](Player *p) { p->actionRefreshPlaylists(); }, {"core.playlists.as_list"_s});
+    row("open a playlist", [](Player *p) { p->actionOpenPlaylistWithUri("m3u:x"_s); }, {"core.playlists.get_items"_s},
+        {R"({"uri":"m3u:x"})"_s});
+    row("its items, to play", [](Player *p) { p->actionPlayList(json(R"([{"uri":"a"},3,{"uri":"b"}])"_s)); },
+        {"core.playback.stop"_s, "core.tracklist.clear"_s, "core.tracklist.add"_s}, {QString(), QString(), R"({"uris":["a","b"]})"_s});
+    row("no items, to play", [](Player *p) { p->actionPlayList(json("[]"_s)); },
+        {"core.playback.stop"_s, "core.tracklist.clear"_s, "core.tracklist.add"_s}, {QString(), QString(), R"({"uris":[]})"_s});
+    row("its items, to add", [](Player *p) { p->actionAddList(json(R"([{"uri":"a"}])"_s)); }, {"core.tracklist.add"_s},
+        {R"({"uris":["a"]})"_s});
+    row("make a playlist", [](Player *p) { p->actionCreatePlaylist("x \"y\""_s, false); }, {"core.playlists.create"_s},
+        {R"({"name":"x \"y\"","uri_scheme":"m3u"})"_s});
+    row("edit, items of all types", [](Player *p) {
+            QList<PlayerItem *> items{new PlayerItem(p), new PlayerItem(p)};
+            for (PlayerItem *item : items) {
+                item->setUri("u"_s);
+                item->setName("n"_s);
+            }
+            items.first()->setType("track"_s);
+            items.last()->setType("directory"_s);
+            p->actionEditPlaylistWithUris("m3u:x"_s, items);
+            p->updatePlaylistJson(json(R"({"name":"X","tracks":[{"uri":"old"}],"z":1})"_s));
+        }, {"core.playlists.lookup"_s, "core.playlists.save"_s},
+        {R"({"uri":"m3u:x"})"_s, R"({"playlist":{"name":"X","tracks":[{"uri":"old"},{"__model__":"Track","name":"n",)"
+                                 R"("uri":"u"},{"__model__":"Album","name":"n","uri":"u"}],"z":1}})"_s});
+    row("edit, no items", [](Player *p) {
+            p->actionEditPlaylistWithUris("m3u:x"_s, {});
+            p->updatePlaylistJson(json("{}"_s));
+        }, {"core.playlists.lookup"_s, "core.playlists.save"_s},
+        {R"({"uri":"m3u:x"})"_s, R"({"playlist":{"tracks":[]}})"_s});
+}
+
+void TestPlayer::requests()
+{
+    QFETCH(const Action, prepare);
+    QFETCH(const Action, act);
+    QFETCH(const QStringList, methods);
+    QFETCH(const QStringList, params);
+    Studio studio;
+    studio.connect();
+    prepare(&studio.player);
+    const QString before = stateOf(&studio.player);
+    SignalLog log;
+    log.watch(&studio.player, "p"_s);
+    act(&studio.player);
+    QStringList expected;
+    for (int id = 0; id < methods.size(); ++id)
+        expected << request(id, methods.at(id), params.value(id));
+    if (methods == QStringList{"core.playback.previous"_s})
+        QVERIFY(QTest::qWaitFor([&] { return studio.server.texts == expected; }));
+    else
+        QCOMPARE(studio.sent(), expected);
+    QCOMPARE(log.take(), QStringList()); // nothing changes before the server says so
+    QCOMPARE(stateOf(&studio.player), before);
+}
+
+void TestPlayer::events_data()
+{
+    QTest::addColumn<QString>("event");
+    QTest::addColumn<QString>("heard");
+    QTest::addColumn<QString>("methods");
+    const QString newTrack = "p.currentSongChanged p.currentTlidChanged"_s;
+    const auto row = [](const QString &event, const QString &heard, const QString &methods = QString()) {
+        QTest::newRow(qPrintable(event.left(60))) << event << heard << methods;
+    };
+    row(R"({"event":"playback_state_changed","new_state":"playing"})"_s, "p.playPauseChanged"_s);
+    row(R"({"event":"playback_state_changed"})"_s, "p.playPauseChanged"_s);
+    row(R"({"event":"options_changed"})"_s, {}, "core.tracklist.get_random core.tracklist.get_repeat"_s);
+    for (const QString &name : {"started"_s, "paused"_s, "resumed"_s, "ended"_s, QString()})
+        row(R"({"event":"track_playback_%1","tl_track":{"tlid":4,"track":{"uri":"n:1"}}})"_s.arg(name), newTrack,
+            "core.library.get_images"_s);
+    row(R"({"event":"track_playback_ended"})"_s, "p.currentTlidChanged"_s);
+    row(R"({"event":"track_playback_ended","tl_track":{"track":{"uri":"now"}}})"_s, "p.currentTlidChanged"_s,
+        "core.library.get_images"_s);
+    row(R"({"event":"stream_title_changed","title":"T"})"_s, "s.nameChanged"_s);
+    row(R"({"event":"tracklist_changed"})"_s, {}, "core.tracklist.get_tl_tracks"_s);
+    for (const QString &name : {"changed"_s, "deleted"_s, QString()})
+        row(R"({"event":"playlist_%1"})"_s.arg(name), {}, "core.playlists.as_list"_s);
+    for (const QString &name : {"playlists_loaded"_s, "playlistsx"_s, "Playlist_changed"_s, "volume_changed"_s,
+                                "tracklist_changed2"_s, "track_playback"_s, "options_changed "_s, QString()})
+        row(R"({"event":"%1"})"_s.arg(name), {});
+    row(R"({"event":5})"_s, {});
+    row(R"({"event":null,"id":"0","result":1})"_s, {}); // an event, whatever else it has
+}
+
+void TestPlayer::events()
+{
+    QFETCH(const QString, event);
+    QFETCH(const QString, heard);
+    QFETCH(const QString, methods);
+    Studio studio;
+    studio.connect();
+    Song song;
+    song.setUri("now"_s);
+    studio.player.setCurrentSong(&song);
+    studio.player.setPlayPause(HalvoraPlayer::Playing);
+    Receiver receiver;
+    studio.player.actionLookup({}, &receiver, "browseAnything");
+    studio.sent();
+    SignalLog log;
+    log.watch(&studio.player, "p"_s);
+    log.watch(&song, "s"_s);
+    studio.say(event);
+    QStringList seen = log.take();
+    seen.removeLast(); // of settle()
+    QCOMPARE(seen.join(QLatin1Char(' ')), heard);
+    QCOMPARE(studio.sentMethods().join(QLatin1Char(' ')), methods);
+    QCOMPARE(receiver.calls, QStringList());
+}
+
+void TestPlayer::replies_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("calls"); // request 0 wants "images", request 1 wants "browse"
+    const auto row = [](const QString &text, const QStringList &calls) { QTest::newRow(qPrintable(text)) << text << calls; };
+    row(R"({"id":"0","result":[1]})"_s, {"images [1]"_s});
+    row(R"({"id":"1","result":{"a":2}})"_s, {"browse 1 {\"a\":2}"_s});
+    row(R"({"id":"1","result":null})"_s, {"browse 1 null"_s});
+    row(R"({"id":"1","error":{"code":1}})"_s, {"browse 1 undefined"_s});
+    row(R"({"id":1,"result":5})"_s, {"images 5"_s}); // no text counts as 0
+    row(R"({"id":"abc","result":5})"_s, {"images 5"_s});
+    row(R"({"result":5})"_s, {"images 5"_s});
+    for (const QString &text : {R"({"id":"99","result":5})"_s, R"({"id":"-1","result":5})"_s, R"([{"id":"0","result":5}])"_s,
+                                "null"_s, "{\"id\":\"0\",\"resu"_s, "rubbish"_s, QString()})
+        row(text, {});
+}
+
+void TestPlayer::replies()
+{
+    QFETCH(const QString, text);
+    QFETCH(const QStringList, calls);
+    Studio studio;
+    studio.connect();
+    Receiver receiver;
+    QCOMPARE(studio.player.actionLookupImages({"a"_s}, &receiver, "imagesReceived"), 0);
+    QCOMPARE(studio.player.actionBrowse("a"_s, &receiver, "browseAnything"), 1);
+    studio.server.send(text);
+    studio.say(text); // a second one finds nobody
+    QCOMPARE(receiver.calls, calls);
+}
+
+void TestPlayer::tracks_data()
+{
+    QTest::addColumn<QString>("json");
+    QTest::addColumn<QString>("song"); // uri, name, album, its uri, artists, their uris, joined, seconds
+    const auto as = [](const QString &uri) { return QString(track).replace("local:a"_s, uri); };
+    QTest::newRow("a file") << track << "local:a|A|Al|al:1|X;Y|ar:1;ar:3|X, Y|62"_s;
+    QTest::newRow("a podcast") << as("podcast+http:a"_s) << "podcast+http:a|A|Co||AA||AA|62"_s;
+    QTest::newRow("a station") << as("tunein:a"_s) << "tunein:a|A|Al|||||62"_s;
+    QTest::newRow("another case") << as("Tunein:a"_s) << "Tunein:a|A|Al|al:1|X;Y|ar:1;ar:3|X, Y|62"_s;
+    QTest::newRow("no plus") << as("podcast:a"_s) << "podcast:a|A|Al|al:1|X;Y|ar:1;ar:3|X, Y|62"_s;
+    QTest::newRow("an uri alone") << R"({"uri":"x"})"_s << "x|||||||0"_s;
+    QTest::newRow("wrong types") << R"({"uri":"x","name":1,"length":"9","album":[],"artists":{"name":"n"}})"_s
+                                 << "x|||||||0"_s;
+    for (const QString &none : {"null"_s, "{}"_s, "[]"_s, R"({"name":"A"})"_s, "\"x\""_s})
+        QTest::newRow(qPrintable(none)) << none << "none"_s;
+}
+
+void TestPlayer::tracks()
+{
+    QFETCH(const QString, json);
+    QFETCH(const QString, song);
+    Studio studio;
+    studio.connect();
+    QSignalSpy changes(&studio.player, &HalvoraPlayer::currentSongChanged);
+    const bool isNew = song != "none"_s;
+    studio.player.updateTrackInfo(::json(json));
+    QCOMPARE(songText(studio.player.currentSong()), song);
+    QCOMPARE(changes.size(), int(isNew));
+    QCOMPARE(studio.sent(), isNew ? QStringList{request(0, "core.library.get_images"_s,
+                                                        R"({"uris":["%1"]})"_s.arg(song.section(QLatin1Char('|'), 0, 0)))}
+                                  : QStringList());
+    // The same track in the queue, where no length is shown.
+    studio.player.updateQueue(QJsonArray{QJsonObject{{"track"_s, ::json(json)}, {"tlid"_s, 1}}});
+    if (isNew)
+        QCOMPARE(songText(listed(studio.player.queue()).first()), song.section(QLatin1Char('|'), 0, -2) + "|0"_s);
+}
+
+void TestPlayer::unchangedTrackKeepsItsSong()
+{
+    Studio studio;
+    studio.connect();
+    studio.player.updateTrackInfo(json(track));
+    Song *const song = studio.player.currentSong();
+    studio.sent();
+    SignalLog log;
+    log.watch(&studio.player, "p"_s);
+    log.watch(song, "s"_s);
+    const QString renamed = QString(track).replace("\"A\""_s, "\"Other\""_s);
+    studio.player.updateTrackInfo(json(renamed));
+    QCOMPARE(studio.sentMethods(), QStringList{"core.library.get_images"_s}); // again, as there are none yet
+    for (const QString &noPictures : {R"({"local:a":[]})"_s, "{}"_s, "null"_s})
+        studio.player.updateTrackImages(json(noPictures));
+    QCOMPARE(log.take(), QStringList());
+    studio.player.updateTrackImages(json(R"({"local:a":[{"uri":"p","width":300},{"uri":"q"}]})"_s));
+    QCOMPARE(song->smallImgPath() + song->mediumImgPath(), "qp"_s);
+    studio.player.updateTrackInfo(json(renamed));
+    QCOMPARE(studio.sentMethods(), QStringList());
+    QCOMPARE(log.take(), QStringList{"p.currentSongImageChanged"_s});
+    QCOMPARE(song->name(), "A"_s);
+    studio.player.updateTrackInfo(json(R"({"uri":"local:b"})"_s));
+    QVERIFY(studio.player.currentSong() != song);
+    QCOMPARE(log.take(), QStringList{"p.currentSongChanged"_s});
+    QCOMPARE(song->uri(), "local:a"_s);
+}
+
+void TestPlayer::secondsAreRoundedUp()
+{
+    HalvoraPlayer player;
+    player.updateTrackTime(5000); // there is no song yet
+    player.updateTrackInfo(json(track));
+    const QList<QPair<QJsonValue, int>> table{{0, 0}, {1, 1}, {999, 1}, {1000, 1}, {1001, 2}, {59999, 60},
+                                              {3600000, 3600}, {"5"_s, 0}, {QJsonValue(), 0}};
+    for (const auto &row : table) {
+        const QSignalSpy changes(player.currentSong(), &Song::currTimeChanged);
+        player.updateTrackTime(row.first);
+        QCOMPARE(player.currentSong()->currTime(), row.second);
+        QCOMPARE(changes.size(), 1);
+    }
+}
+
+void TestPlayer::queueIsInOrderOfItsIds()
+{
+    Studio studio;
+    studio.connect();
+    QSignalSpy changes(&studio.player, &HalvoraPlayer::queueChanged);
+    studio.player.updateQueue(json(R"([{"tlid":7,"track":{"uri":"g"}},{"tlid":3,"track":{"uri":"c"}},{"tlid":9},
+        {"tlid":5,"track":{"uri":"e"}},{"track":{"uri":"z"}},{"track":{"uri":"y"}},3])"_s));
+    QCOMPARE(studio.player.queueTlid(), (QList<int>{0, 3, 5, 7}));
+    QCOMPARE(listed(studio.player.queue()).first()->uri(), "y"_s);
+    studio.player.updateQueueImages(json(R"({"c":[{"uri":"p","width":64}],"e":[],"g":7})"_s));
+    QCOMPARE(listed(studio.player.queue()).at(1)->smallImgPath(), "p"_s);
+    QCOMPARE(changes.size(), 1);
+    for (const int row : {1, 4, -1}) // two of them are not there
+        studio.player.actionRemoveTrackFromQueue(row);
+    QCOMPARE(studio.sent(), (QStringList{request(0, "core.library.get_images"_s, R"({"uris":["g","c","e","z","y"]})"_s),
+                                         request(1, "core.tracklist.remove"_s, R"({"tlid":[3]})"_s)}));
+    studio.player.updateQueue(json("[]"_s));
+    QCOMPARE(studio.player.queueTlid(), QList<int>());
+    QCOMPARE(changes.size(), 2);
+    QCOMPARE(studio.sentMethods(), QStringList());
+}
+
+void TestPlayer::playlistIsMadeFromTheQueue()
+{
+    Studio studio;
+    studio.connect();
+    studio.player.updatePlaylistTracks(json("[1]"_s)); // nothing is under way
+    studio.player.actionCreatePlaylist("x"_s, true);
+    studio.say(R"({"id":"0","result":{"uri":"m3u:x","tracks":[1]}})"_s);
+    studio.say(R"({"id":"1","result":[{"__model__":"Track","uri":"a"}]})"_s);
+    studio.player.updatePlaylistTracks(json("[1]"_s)); // nothing any more
+    const QStringList sent = studio.sent();
+    QCOMPARE(sent.size(), 3);
+    QCOMPARE(sent.at(1), request(1, "core.tracklist.get_tracks"_s));
+    QCOMPARE(sent.at(2), request(2, "core.playlists.save"_s,
+                                 R"({"playlist":{"tracks":[{"__model__":"Track","uri":"a"}],"uri":"m3u:x"}})"_s));
+    studio.player.updatePlaylists(json(R"([{"uri":"m3u:x","name":"One"},4,{"uri":"m3u:y","name":"Two"}])"_s));
+    QCOMPARE(studio.player.getPlaylistName("m3u:y"_s), "Two"_s);
+    QCOMPARE(studio.player.getPlaylistName("m3u:z"_s), QString());
+}
+
+void TestPlayer::picturesOfTheServerAreCompleted()
+{
+    Studio studio;
+    studio.connect();
+    Receiver receiver;
+    studio.player.actionLookupImages({}, &receiver, "imagesReceived");
+    studio.player.actionLookup({}, &receiver, "imagesReceived");
+    const QString reply = R"({"id":"%1","result":{"a":[{"uri":"/p.png","width":3},{"uri":"//h/p"},{"uri":"http://h/p"},)"
+                          R"({"uri":""},{},5],"b":7}})"_s;
+    studio.server.send(reply.arg(0));
+    studio.say(reply.arg(1));
+    const QString untouched = textOf(json(reply.arg(1)).toObject().value("result"_s));
+    const QString address = "\"http://127.0.0.1:%1/p.png\""_s.arg(studio.server.port());
+    QCOMPARE(receiver.calls, (QStringList{"images "_s + QString(untouched).replace("\"/p.png\""_s, address),
+                                          "images "_s + untouched}));
+}
+
+void TestPlayer::refusedRemovalIsSentInTheOtherForm()
+{
+    Studio studio;
+    studio.connect();
+    studio.player.updateQueue(json(R"([{"tlid":3,"track":{}},{"tlid":5,"track":{}},{"tlid":8,"track":{}}])"_s));
+    studio.sent();
+    for (const int row : {0, 2, 1})
+        studio.player.actionRemoveTrackFromQueue(row);
+    const QStringList sent = studio.sent();
+    const QString refusal = R"({"id":"%1","error":{"message":"unexpected keyword"}})"_s;
+    studio.server.send(refusal.arg(json(sent.at(1)).toObject().value("id"_s).toString()));
+    studio.server.send(refusal.arg(json(sent.at(1)).toObject().value("id"_s).toString())); // finds nobody
+    studio.server.send(R"({"id":"%1","result":null})"_s.arg(json(sent.at(2)).toObject().value("id"_s).toString()));
+    studio.say(refusal.arg(json(sent.at(0)).toObject().value("id"_s).toString()));
+    const QStringList second = studio.sent();
+    QCOMPARE(second.size(), 2);
+    QVERIFY(second.at(0).contains(R"("method":"core.tracklist.remove","params":{"criteria":{"tlid":[8]}})"_s));
+    QVERIFY(second.at(1).contains(R"("method":"core.tracklist.remove","params":{"criteria":{"tlid":[3]}})"_s));
+    studio.say(refusal.arg(json(second.at(0)).toObject().value("id"_s).toString())); // not a third time
+    QCOMPARE(studio.sentMethods(), QStringList());
+}
+
+// The whole way with the simulated server, which refuses the removal as today's servers do.
+void TestPlayer::serverIsFollowed()
+{
+    PlayerTiming::current() = {50, 50, 100};
+    MusicServerSimulator server;
+    QVERIFY(server.listen());
+    server.setUriSchemes({"http"_s, "local"_s, "yt"_s, "brandnew"_s, "m3u"_s});
+    server.tracklist()->add({server.catalogue().track(0), server.catalogue().track(1), server.catalogue().track(2)});
+    server.playlists()->put("Evening"_s, {});
+    HalvoraPlayer player;
+    player.setIpAddress(server.host());
+    player.setPort(QString::number(server.port()));
+    player.startConnection();
+    QTRY_COMPARE(player.queueTlid().size(), 3);
+    QTRY_COMPARE(listed(player.playlists()).size(), 1);
+    QCOMPARE(player.filters(), (QStringList{"all"_s, "local"_s, "brandnew"_s, "m3u"_s}));
+    QCOMPARE(player.filterTitles(), (QStringList{"All services"_s, "Local files"_s, QString(), "Local playlists"_s}));
+    player.actionPlayTrack(player.queueTlid().at(1));
+    QTRY_COMPARE(player.playPause(), int(HalvoraPlayer::Playing));
+    QTRY_VERIFY(player.currentSong() && player.currentSong()->uri() == server.catalogue().track(1).uri);
+    QCOMPARE(player.currentTlid(), player.queueTlid().at(1));
+    QTRY_VERIFY(player.currentSong()->smallImgPath().startsWith("http://"_s));
+    player.actionRepeat();
+    QTRY_VERIFY(player.repeat());
+    player.actionRemoveTrackFromQueue(2);
+    QTRY_COMPARE(player.queueTlid().size(), 2);
+    QCOMPARE(server.requestCount("core.tracklist.remove"_s), 2);
+    player.actionResetQueueWithUris({server.catalogue().track(4).uri});
+    QTRY_VERIFY(player.currentSong()->uri() == server.catalogue().track(4).uri);
+    player.stopConnection();
+    QTRY_COMPARE(server.liveSockets(), 0);
+}
+
+void TestPlayer::repliesOfEveryType_data()
+{
+    QTest::addColumn<QString>("handler");
+    for (const char *handler : {"updateUriSchemes", "updatePlaybackStatus", "updateTrackInfo", "updateTrackImages",
+                                "updateTrackTime", "updateRandom", "updateRepeat", "updateQueue", "updateQueueImages",
+                                "updatePlaylists", "updatePlaylistJson", "updatePlaylistJsonFromQueue",
+                                "updatePlaylistTracks", "actionPlayNow", "actionPlayList", "actionAddList"})
+        QTest::newRow(handler) << QString::fromLatin1(handler);
+}
+
+void TestPlayer::repliesOfEveryType()
+{
+    QFETCH(const QString, handler);
+    Studio studio;
+    studio.connect();
+    const QList<QJsonValue> values{QJsonValue(QJsonValue::Undefined), QJsonValue(), true, -1.5, 1e300, "text"_s,
+                                   QJsonArray(), json(R"([1,null,"x",[],{},{"uri":3,"tlid":"a","track":[]}])"_s),
+                                   QJsonObject(), json(R"({"local:a":5,"b":[1,{}],"tracks":7,"uri":[]})"_s)};
+    for (const bool playing : {false, true}) {
+        for (const QJsonValue &value : values) {
+            if (playing)
+                studio.player.updateTrackInfo(json(track));
+            QVERIFY(QMetaObject::invokeMethod(&studio.player, handler.toLatin1(), Q_ARG(QJsonValue, value)));
+        }
+    }
+    studio.player.updatePlaybackStatus("paused"_s); // and it goes on
+    studio.server.send(R"({"event":"playback_state_changed","new_state":"playing"})"_s);
+    QVERIFY(QTest::qWaitFor([&] { return studio.player.playPause() == HalvoraPlayer::Playing; }));
+}
+
+void TestPlayer::errorReplies_data()
+{
+    QTest::addColumn<QString>("state"); // after an error in place of this reply
+    const QString full = "2 1 1 song:local:a time:4 queue:3 lists:m3u:x filters:all,local"_s;
+    QTest::newRow("updateUriSchemes") << full;
+    QTest::newRow("updatePlaybackStatus") << QString(full).replace("2 1"_s, "0 1"_s);
+    QTest::newRow("updateTrackInfo") << full;
+    QTest::newRow("updateTrackImages") << full;
+    QTest::newRow("updateTrackTime") << QString(full).replace("time:4"_s, "time:0"_s);
+    QTest::newRow("updateRandom") << QString(full).replace("2 1 1"_s, "2 0 1"_s);
+    QTest::newRow("updateRepeat") << QString(full).replace("2 1 1"_s, "2 1 0"_s);
+    QTest::newRow("updateQueue") << QString(full).replace("queue:3"_s, "queue:"_s);
+    QTest::newRow("updateQueueImages") << full;
+    QTest::newRow("updatePlaylists") << QString(full).replace("lists:m3u:x"_s, "lists:"_s);
+    QTest::newRow("updatePlaylistJson") << full;
+}
+
+void TestPlayer::errorReplies()
+{
+    QFETCH(const QString, state);
+    Studio studio;
+    studio.connect();
+    HalvoraPlayer &player = studio.player;
+    player.updatePlaybackStatus("playing"_s);
+    player.updateRandom(true);
+    player.updateRepeat(true);
+    player.updateTrackInfo(json(track));
+    player.updateTrackTime(3500);
+    player.updateQueue(json(R"([{"tlid":3,"track":{}}])"_s));
+    player.updatePlaylists(json(R"([{"uri":"m3u:x"}])"_s));
+    player.updateUriSchemes(json(R"(["local"])"_s));
+    const int id = player.actionLookup({}, &player, QTest::currentDataTag());
+    studio.server.send(R"({"id":"%1","error":{"code":-32603}})"_s.arg(id));
+    studio.server.send(R"({"id":"none"})"_s);
+    QSignalSpy read(&player, &HalvoraPlayer::filtersChanged); // marks the end without touching the playing state
+    player.actionLookup({}, &player, "updateUriSchemes");
+    studio.server.send(R"({"id":"%1","result":["local"]})"_s.arg(id + 1));
+    QVERIFY(read.wait());
+    QCOMPARE(stateOf(&player), state);
+}
+
+void TestPlayer::deletedReceiverIsNotCalled()
+{
+    Studio studio;
+    studio.connect();
+    auto receiver = std::make_unique<Receiver>();
+    studio.player.actionBrowse("a"_s, receiver.get(), "browseAnything");
+    receiver.reset();
+    studio.say(R"({"id":"0","result":[]})"_s);
+}
+
+void TestPlayer::repliesOfAnEarlierConnectionAreIgnored()
+{
+    Studio studio;
+    studio.connect();
+    Receiver receiver;
+    studio.player.actionBrowse("a"_s, &receiver, "browseAnything");
+    studio.connect();
+    studio.say(R"({"id":"0","result":1})"_s);
+    QCOMPARE(receiver.calls, QStringList());
+    QCOMPARE(studio.player.actionBrowse("a"_s, &receiver, "browseAnything"), 0);
+}
+
+void TestPlayer::reconnectionKeepsTheCountdown()
+{
+    Studio studio;
+    studio.connect();
+    studio.player.updateTrackInfo(json(track));
+    studio.player.refreshTimerTimeout();
+    const QString before = stateOf(&studio.player);
+    studio.sent();
+    studio.connect();
+    QCOMPARE(stateOf(&studio.player), before);
+    for (int tick = 1; tick < 60; ++tick)
+        studio.player.refreshTimerTimeout();
+    QCOMPARE(studio.sentMethods(), QStringList());
+    studio.player.refreshTimerTimeout();
+    QCOMPARE(studio.sentMethods(), fullPoll);
+}
+
+void TestPlayer::dropComesToRest()
+{
+    Studio studio(30);
+    studio.connect();
+    for (int drop = 1; drop <= 3; ++drop) {
+        studio.server.paths.clear();
+        studio.server.dropAll();
+        QVERIFY(QTest::qWaitFor([&] { return studio.server.liveSockets() == 1; }));
+        // Long after the second retry there is still one socket, and there were no further attempts.
+        QVERIFY(!QTest::qWaitFor([&] { return studio.server.paths.size() > 2; }, 5 * 2 * 30));
+        QCOMPARE(studio.server.liveSockets(), 1);
+        studio.server.texts.clear();
+        studio.settle();
+        studio.player.actionNext();
+        QVERIFY(QTest::qWaitFor([&] { return !studio.server.texts.isEmpty(); }));
+        QCOMPARE(studio.server.texts, QStringList{request(0, "core.playback.next"_s)});
+    }
+}
+
+void TestPlayer::serverThatIsDown_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::newRow("closes") << QByteArray();
+    QTest::newRow("is no such server") << QByteArray("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
+}
+
+// The listener holds each attempt until the test lets it fail: one failure, one further attempt.
+void TestPlayer::serverThatIsDown()
+{
+    QFETCH(const QByteArray, answer);
+    constexpr int retry = 15;
+    Studio studio(retry);
+    QTcpServer down;
+    QVERIFY(down.listen(QHostAddress::LocalHost));
+    int attempts = 0;
+    QPointer<QTcpSocket> held;
+    connect(&down, &QTcpServer::newConnection, this, [&] {
+        ++attempts;
+        held = down.nextPendingConnection();
+    });
+    studio.player.setPort(QString::number(down.serverPort()));
+    studio.player.startConnection();
+    for (int failure = 0; failure < 4; ++failure) {
+        QVERIFY(QTest::qWaitFor([&] { return attempts == failure + 1 && held; }));
+        QVERIFY(!QTest::qWaitFor([&] { return attempts > failure + 1; }, 6 * retry));
+        held->write(answer);
+        held->disconnectFromHost();
+    }
+    studio.player.setPort(studio.server.port()); // it comes back
+    QVERIFY(QTest::qWaitFor([&] { return studio.server.liveSockets() == 1; }));
+    studio.player.stopConnection();
+}
+
+void TestPlayer::startsAndStopsInQuickSuccession()
+{
+    Studio studio(25);
+    for (int i = 0; i < 20; ++i) {
+        studio.player.startConnection();
+        if (i % 3 == 0)
+            QVERIFY(QTest::qWaitFor([&] { return studio.server.liveSockets() > 0; }));
+        if (i % 2 == 0)
+            studio.player.stopConnection();
+    }
+    QVERIFY(QTest::qWaitFor([&] {
+        studio.player.actionNext(); // lost until the last connection stands
+        return !studio.server.texts.isEmpty() && studio.server.liveSockets() == 1;
+    }));
+    const int attempts = studio.server.paths.size();
+    QVERIFY(!QTest::qWaitFor([&] { return studio.server.paths.size() > attempts; }, 10 * 25));
+    studio.player.stopConnection();
+    QVERIFY(QTest::qWaitFor([&] { return studio.server.liveSockets() == 0; }));
+    QVERIFY(!QTest::qWaitFor([&] { return studio.server.paths.size() > attempts; }, 10 * 25));
+}
+
+void TestPlayer::stopEndsRetries()
+{
+    Studio studio(25);
+    studio.connect();
+    studio.player.socketDisconnected();
+    studio.player.socketError(QAbstractSocket::RemoteHostClosedError);
+    studio.player.stopConnection();
+    studio.server.paths.clear();
+    QVERIFY(!QTest::qWaitFor([&] { return !studio.server.paths.isEmpty(); }, 10 * 25));
+    // Signals of the ended connection that come late do nothing either.
+    studio.player.socketDisconnected();
+    QVERIFY(!QTest::qWaitFor([&] { return !studio.server.paths.isEmpty(); }, 10 * 25));
+    studio.player.refreshTimerTimeout();
+    QCOMPARE(studio.server.texts, QStringList());
+}
+
+void TestPlayer::invalidAddressIsTriedAgain()
+{
+    Studio studio(25);
+    studio.player.setIpAddress("no host"_s);
+    studio.player.startConnection();
+    studio.player.setIpAddress("127.0.0.1"_s);
+    QVERIFY(QTest::qWaitFor([&] { return studio.server.liveSockets() == 1; }));
+    studio.player.stopConnection();
+}
+
+void TestPlayer::stoppedPlayerSendsNothing()
+{
+    Studio studio;
+    Receiver receiver;
+    QCOMPARE(studio.player.actionBrowse("a"_s, &receiver, "browseAnything"), 0);
+    QCOMPARE(studio.player.actionLookup({}, &receiver, "browseAnything"), 1);
+    studio.player.actionNext();
+    studio.player.updateQueue(json(R"([{"tlid":1,"track":{}}])"_s));
+    studio.player.actionRemoveTrackFromQueue(0);
+    studio.player.stopConnection();
+    studio.connect();
+    QCOMPARE(studio.sent(), QStringList());
+}
+
+HALVORA_SUITE_MAIN(TestPlayer)
+#include "tst_player.moc"
