@@ -50,6 +50,7 @@ Window {
     }
 
     Presence {
+        objectName: "presence"
         windowVisibility: window.visibility
         onForegroundChanged: foreground ? device.requestConnect() : device.requestDisconnect()
     }
