@@ -53,8 +53,9 @@ void HostProcess::startProgram(const QString &program, const QStringList &argume
 void HostProcess::startOnTerminal(const QStringList &arguments)
 {
     const QString command = QStringLiteral("exec " HALVORA_HOST " ") + arguments.join(QLatin1Char(' '));
-    startProgram(QStringLiteral("script"), {QStringLiteral("--quiet"), QStringLiteral("--return"),
-                                            QStringLiteral("--command"), command, QStringLiteral("/dev/null")});
+    startProgram(QStringLiteral("script"),
+                 {QStringLiteral("--quiet"), QStringLiteral("--return"), QStringLiteral("--command"), command,
+                  QStringLiteral("/dev/null")});
 }
 
 bool HostProcess::waitForText(const QByteArray &text)
@@ -71,7 +72,8 @@ void HostProcess::sendSignal(int number)
 int HostProcess::wait()
 {
     // Serves this process's events meanwhile: it may be the other end of a socket.
-    const bool ended = QTest::qWaitFor([this] { return m_process.state() == QProcess::NotRunning; }, patience);
+    const bool ended = QTest::qWaitFor([this] { return m_process.state() == QProcess::NotRunning; },
+                                       patience);
     return ended && m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
 }
 

@@ -73,9 +73,15 @@ void HostProcessTest::describesItself_data()
 {
     QTest::addColumn<QString>("option");
     QTest::addColumn<QStringList>("expected");
-    const QStringList help = {"--demo"_s, "--device <HOST:PORT>"_s, "--user <NAME>"_s, "--password-file <FILE>"_s,
-                              "HALVORA_PASSWORD"_s, "--mopidy <HOST:PORT>"_s, "--language <CODE>"_s,
-                              "--small-screen"_s, "--screenshots <DIR>"_s};
+    const QStringList help = {"--demo"_s,
+                              "--device <HOST:PORT>"_s,
+                              "--user <NAME>"_s,
+                              "--password-file <FILE>"_s,
+                              "HALVORA_PASSWORD"_s,
+                              "--mopidy <HOST:PORT>"_s,
+                              "--language <CODE>"_s,
+                              "--small-screen"_s,
+                              "--screenshots <DIR>"_s};
     QTest::newRow("--help") << "--help"_s << help;
     QTest::newRow("-h") << "-h"_s << help;
     QTest::newRow("--version") << "--version"_s << QStringList{"halvora-host " HALVORA_VERSION "\n"_s};
@@ -222,30 +228,32 @@ void HostProcessTest::refusesWrongOptions_data()
         "Say what to show: --demo for a simulated house, or --device HOST:PORT for a device."_s;
     const QString form = "--device needs HOST:PORT, for example 192.168.1.20:5000, not \"%1\"."_s;
     QTest::newRow("nothing") << QStringList() << which;
-    QTest::newRow("both") << atDevice + QStringList{"--demo"_s} << "Use either --demo or --device, not both."_s;
-    for (const char *wrong : {"box", "box:", ":5000", "box:0", "box:65536", "box:5x", "::1:5000", "[box]:5000",
-                              "[::1]", "a b:5000", "box:5000 "}) {
+    QTest::newRow("both") << atDevice + QStringList{"--demo"_s}
+                          << "Use either --demo or --device, not both."_s;
+    for (const char *wrong : {"box", "box:", ":5000", "box:0", "box:65536", "box:5x", "::1:5000",
+                              "[box]:5000", "[::1]", "a b:5000", "box:5000 "}) {
         const QString address = QString::fromLatin1(wrong);
         QTest::newRow(wrong) << QStringList{"--device"_s, address, "--user"_s, "a"_s} << form.arg(address);
     }
     QTest::newRow("no user") << atDevice << "--device needs --user NAME as well."_s;
-    QTest::newRow("no password") << atDevice + QStringList{"--user"_s, "a"_s}
-                                 << "--device needs a password: give --password-file FILE, set HALVORA_PASSWORD, "
-                                    "or start it on a terminal."_s;
+    QTest::newRow("no password")
+        << atDevice + QStringList{"--user"_s, "a"_s}
+        << "--device needs a password: give --password-file FILE, set HALVORA_PASSWORD, "
+           "or start it on a terminal."_s;
     QTest::newRow("no such password file")
         << atDevice + QStringList{"--user"_s, "a"_s, "--password-file"_s, "/none/such"_s}
         << "The password file \"/none/such\" cannot be read: No such file or directory."_s;
     QTest::newRow("user in the demo") << QStringList{"--demo"_s, "--user"_s, "a"_s}
                                       << "--user and --password-file can only be used with --device."_s;
-    QTest::newRow("mopidy without demo") << QStringList{"--mopidy"_s, "127.0.0.1:6680"_s}
-                                         << "--mopidy can only be used with --demo."_s;
+    QTest::newRow("mopidy without demo")
+        << QStringList{"--mopidy"_s, "127.0.0.1:6680"_s} << "--mopidy can only be used with --demo."_s;
     QTest::newRow("mopidy without port")
         << QStringList{"--demo"_s, "--mopidy"_s, "127.0.0.1"_s}
         << "--mopidy needs HOST:PORT, for example 127.0.0.1:6680, not \"127.0.0.1\"."_s;
     QTest::newRow("language") << QStringList{"--demo"_s, "--language"_s, "fr"_s}
                               << "--language knows en, de and it, not \"fr\"."_s;
-    QTest::newRow("folder without a name") << QStringList{"--demo"_s, "--screenshots"_s, ""_s}
-                                           << "--screenshots needs the name of a folder."_s;
+    QTest::newRow("folder without a name")
+        << QStringList{"--demo"_s, "--screenshots"_s, ""_s} << "--screenshots needs the name of a folder."_s;
     QTest::newRow("argument") << QStringList{"--demo"_s, "more"_s} << "The argument \"more\" is not known."_s;
     QTest::newRow("option") << QStringList{"--demo"_s, "--password"_s} << "Unknown option 'password'."_s;
     QTest::newRow("no value") << QStringList{"--device"_s} << "Missing value after '--device'."_s;
@@ -265,9 +273,10 @@ void HostProcessTest::refusesAWrongLibrary_data()
 {
     QTest::addColumn<QString>("copyOf"); // what stands in for the library; empty: nothing does
     QTest::addColumn<QString>("sentence");
-    const QString platforms = QLibraryInfo::location(QLibraryInfo::PluginsPath) + "/platforms/libqoffscreen.so"_s;
+    const QString platforms = QLibraryInfo::location(QLibraryInfo::PluginsPath)
+        + "/platforms/libqoffscreen.so"_s;
     QTest::newRow("none") << QString() << "The client library was not found; tried %1."_s;
-    QTest::newRow("no library") << QString::fromLocal8Bit(__FILE__) << "The client library %1 cannot be used: "_s;
+    QTest::newRow("no library") << QStringLiteral(HALVORA_HOST) << "The client library %1 cannot be used: "_s;
     QTest::newRow("another plugin") << platforms
                                     << "The client library %1 cannot be used: it is no QML extension."_s;
 }
@@ -292,13 +301,20 @@ void HostProcessTest::namesAMissingModule_data()
     QTest::addColumn<QString>("folder"); // of the module, below a folder of QML modules
     QTest::addColumn<QString>("module");
     QTest::addColumn<QString>("package");
-    QTest::newRow("models") << "QtQml/Models.2"_s << "QtQml.Models 2.2"_s << "qml-module-qtqml-models2"_s;
-    QTest::newRow("layouts") << "QtQuick/Layouts"_s << "QtQuick.Layouts 1.1"_s << "qml-module-qtquick-layouts"_s;
-    QTest::newRow("controls") << "QtQuick/Controls"_s << "QtQuick.Controls 1.2"_s
+    QTest::newRow("models") << "QtQml/Models.2"_s
+                            << "QtQml.Models 2.2"_s
+                            << "qml-module-qtqml-models2"_s;
+    QTest::newRow("layouts") << "QtQuick/Layouts"_s
+                             << "QtQuick.Layouts 1.1"_s
+                             << "qml-module-qtquick-layouts"_s;
+    QTest::newRow("controls") << "QtQuick/Controls"_s
+                              << "QtQuick.Controls 1.2"_s
                               << "qml-module-qtquick-controls"_s;
-    QTest::newRow("styles") << "QtQuick/Controls/Styles"_s << "QtQuick.Controls.Styles 1.2"_s
+    QTest::newRow("styles") << "QtQuick/Controls/Styles"_s
+                            << "QtQuick.Controls.Styles 1.2"_s
                             << "qml-module-qtquick-controls"_s;
-    QTest::newRow("effects") << "QtGraphicalEffects"_s << "QtGraphicalEffects 1.0"_s
+    QTest::newRow("effects") << "QtGraphicalEffects"_s
+                             << "QtGraphicalEffects 1.0"_s
                              << "qml-module-qtgraphicaleffects"_s;
 }
 
@@ -313,7 +329,8 @@ void HostProcessTest::namesAMissingModule()
     host.set("QML2_IMPORT_PATH"_s, host.home() + "/qml"_s);
     QCOMPARE(host.run({"--demo"_s}), 1);
     const QString said = host.err();
-    QVERIFY2(said.startsWith("halvora-host: These QML modules are missing or do not load: "_s), qPrintable(said));
+    QVERIFY2(said.startsWith("halvora-host: These QML modules are missing or do not load: "_s),
+             qPrintable(said));
     QVERIFY2(said.contains("%1 (Debian package %2)"_s.arg(module, package)), qPrintable(said));
     QCOMPARE(said.count(QLatin1Char('\n')), 1);
 }
@@ -333,7 +350,8 @@ void HostProcessTest::tellsWhichScreenDidNotCome()
     HostProcess host;
     host.set("HALVORA_PASSWORD"_s, "x"_s);
     QCOMPARE(host.run({"--device"_s, numbered("127.0.0.1"_s, silent.serverPort()), "--user"_s, "a"_s,
-                       "--screenshots"_s, host.home()}), 1);
+                       "--screenshots"_s, host.home()}),
+             1);
     QCOMPARE(host.err(), "halvora-host: The screen \"01-outputs\" did not come.\n"_s);
 }
 

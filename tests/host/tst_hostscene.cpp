@@ -106,9 +106,11 @@ void HostSceneTest::showsTheOutputsFirst()
     QCOMPARE(window()->size(), QSize(450, 710));
     QVERIFY(item("OutputsView"));
     QVERIFY(!item("PlayerView"));
-    QCOMPARE(item("OutputsView")->mapRectToScene(item("OutputsView")->boundingRect()), QRectF(0, 0, 450, 640));
+    QCOMPARE(item("OutputsView")->mapRectToScene(item("OutputsView")->boundingRect()),
+             QRectF(0, 0, 450, 640));
     QVERIFY(SceneSearch::withText(window()->contentItem(), "source", QStringLiteral("/output_sel_0.png")));
-    const auto *player = SceneSearch::withText(window()->contentItem(), "source", QStringLiteral("/halvora.png"));
+    const auto *player = SceneSearch::withText(window()->contentItem(), "source",
+                                               QStringLiteral("/halvora.png"));
     QVERIFY(player);
     QCOMPARE(player->size(), QSizeF(75, 65)); // the picture's own
     const QPointF place = player->mapToScene({});
@@ -142,7 +144,8 @@ void HostSceneTest::followsTheWindowsSize()
 {
     window()->resize(601, 811);
     QTRY_COMPARE(item("OutputsView")->size(), QSizeF(601, 741));
-    const auto *picture = SceneSearch::withText(window()->contentItem(), "source", QStringLiteral("/halvora.png"));
+    const auto *picture = SceneSearch::withText(window()->contentItem(), "source",
+                                                QStringLiteral("/halvora.png"));
     const QPointF place = picture->mapToScene({});
     QCOMPARE(place, QPointF(place.toPoint())); // still on whole pixels
     QCOMPARE(item("TabBar")->mapToScene({}), QPointF(0, 741));
