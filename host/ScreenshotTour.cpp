@@ -33,17 +33,19 @@ ScreenshotTour::ScreenshotTour(QQuickWindow *window, const QString &folder, QObj
     : QObject(parent), m_window(window), m_folder(folder)
 {
     const auto matrixButton = [this] { return clickOn("source", words("/matrix.png")); };
+    // While the matrix slides away it still takes the clicks.
+    const auto firstOutput = [=] { return isMatrixOpen() ? !matrixButton() : clickAt(firstCover); };
     const auto stay = [] { return true; };
     m_stops = {
-        {words("01-outputs"), stay, [this] { return isConnected(outputsView) && areCoversThere(2); }},
+        {words("01-outputs"), stay,
+         [this] { return isConnected(outputsView) && !isMatrixOpen() && areCoversThere(2); }},
         {words("02-by-source"), [this] { return clickOn("text", words("Show by source")); },
          [this] {
              return isConnected(outputsView) && shown(outputsView)->property("workingModality").toInt() == 1;
          }},
         {words("03-matrix"), [=] { return clickOn("text", words("Show all")) && matrixButton(); },
          [this] { return isMatrixOpen(); }},
-        {words("04-player"), [=] { return matrixButton() && clickAt(firstCover); },
-         [this] { return isConnected(playerView) && areCoversThere(1); }},
+        {words("04-player"), firstOutput, [this] { return isConnected(playerView) && areCoversThere(1); }},
     };
     m_timer.setInterval(lookInterval);
     connect(&m_timer, &QTimer::timeout, this, &ScreenshotTour::look);

@@ -30,8 +30,9 @@ Window {
         controller.tabLoadingCompleted();
         controller.initDevice(device);
         controller.showIcon();
-        controller.width = Qt.binding(() => window.contentItem.width);
-        controller.height = Qt.binding(() => window.contentItem.height);
+        // Not the content item's size: that is 0 until the window is shown, and the first screen would take it over.
+        controller.width = Qt.binding(() => window.width);
+        controller.height = Qt.binding(() => window.height);
         tabs.currentIndex = 0; // only a change after all this brings up the first screen
     }
 
@@ -50,6 +51,7 @@ Window {
     }
 
     Presence {
+        objectName: "presence"
         windowVisibility: window.visibility
         onForegroundChanged: foreground ? device.requestConnect() : device.requestDisconnect()
     }

@@ -11,6 +11,7 @@ Item {
 
     property int windowVisibility: Window.Windowed
     property bool foreground: true
+    readonly property bool settled: !delay.running // whether `foreground` says what is
     readonly property bool inSight: windowVisibility !== Window.Hidden && windowVisibility !== Window.Minimized
                                     && Qt.application.state !== Qt.ApplicationHidden
                                     && Qt.application.state !== Qt.ApplicationSuspended

@@ -1,0 +1,97 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "HostProcess.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QtTest>
+
+#include <csignal>
+
+namespace {
+
+constexpr int patience = 60000; // milliseconds
+
+} // namespace
+
+HostProcess::HostProcess()
+{
+    for (const char *variable : {"HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME", "XDG_RUNTIME_DIR"})
+        set(QLatin1String(variable), home());
+    set(QStringLiteral("LC_ALL"), QStringLiteral("C.UTF-8"));
+    set(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    set(QStringLiteral("LIBGL_ALWAYS_SOFTWARE"), QStringLiteral("1"));
+    set(QStringLiteral("HALVORA_PLUGIN_DIR"), QStringLiteral(HALVORA_LIB_DIR));
+    for (const char *variable : {"HALVORA_PASSWORD", "QT_LOGGING_RULES", "QML2_IMPORT_PATH"})
+        m_environment.remove(QLatin1String(variable));
+}
+
+HostProcess::~HostProcess()
+{
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+QString HostProcess::writeFile(const QString &name, const QByteArray &content) const
+{
+    QFile file(QDir(home()).filePath(name));
+    QDir().mkpath(QFileInfo(file).path());
+    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
+        qWarning() << "cannot write" << file.fileName();
+    return file.fileName();
+}
+
+void HostProcess::startProgram(const QString &program, const QStringList &arguments)
+{
+    m_out.clear();
+    m_err.clear();
+    m_process.setProcessEnvironment(m_environment);
+    m_process.start(program, arguments);
+}
+
+void HostProcess::startOnTerminal(const QStringList &arguments)
+{
+    const QString command = QStringLiteral("exec " HALVORA_HOST " ") + arguments.join(QLatin1Char(' '));
+    startProgram(QStringLiteral("script"),
+                 {QStringLiteral("--quiet"), QStringLiteral("--return"), QStringLiteral("--command"), command,
+                  QStringLiteral("/dev/null")});
+}
+
+bool HostProcess::waitForText(const QByteArray &text)
+{
+    return QTest::qWaitFor([&] { return out().toUtf8().contains(text); }, patience);
+}
+
+void HostProcess::sendSignal(int number)
+{
+    if (m_process.processId() > 0)
+        kill(pid_t(m_process.processId()), number);
+}
+
+int HostProcess::wait()
+{
+    // Serves this process's events meanwhile: it may be the other end of a socket.
+    const bool ended = QTest::qWaitFor([this] { return m_process.state() == QProcess::NotRunning; },
+                                       patience);
+    return ended && m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
+}
+
+int HostProcess::run(const QStringList &arguments)
+{
+    start(arguments);
+    m_process.closeWriteChannel();
+    return wait();
+}
+
+QString HostProcess::out()
+{
+    m_out += m_process.readAllStandardOutput();
+    return QString::fromUtf8(m_out);
+}
+
+QString HostProcess::err()
+{
+    m_err += m_process.readAllStandardError();
+    return QString::fromUtf8(m_err);
+}
