@@ -2,11 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 
 #include "HostScene.h"
+#include "HostSettings.h"
 #include "PluginGate.h"
 #include "SceneSearch.h"
 
 #include "simulator/DeviceSimulator.h"
 
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QtTest>
@@ -51,11 +54,15 @@ private Q_SLOTS:
     void leavesAndReturnsWithTheWindow();
     void endsInTheLastOfManyChanges_data();
     void endsInTheLastOfManyChanges();
+    void speaksTheLanguage_data();
+    void speaksTheLanguage();
 
     // What goes wrong.
+    void knowsNoOtherLanguage();
     void goesOnWhenTheDeviceGoes();
 
 private:
+    void showScene();
     void openPlayer();
     QQuickItem *item(const char *type) const { return SceneSearch::ofType(window()->contentItem(), type); }
     QQuickWindow *window() const { return m_scene->window(); }
@@ -82,6 +89,11 @@ void HostSceneTest::init()
         source.hasPlayer = false; // nobody plays here
     m_device->setState(state);
     QVERIFY(m_device->listen());
+    showScene();
+}
+
+void HostSceneTest::showScene()
+{
     m_scene = std::make_unique<HostScene>(m_gate);
     const DeviceAccess access{{m_device->host(), m_device->port()}, QStringLiteral("a"), QStringLiteral("b")};
     QVERIFY2(m_scene->show(access, false), qPrintable(m_scene->error()));
@@ -186,6 +198,35 @@ void HostSceneTest::endsInTheLastOfManyChanges()
     QTRY_COMPARE_WITH_TIMEOUT(m_device->joinedConnections(), connections, patience);
     QCOMPARE(foreground.count(), 1 - connections);
     QCOMPARE(m_device->acceptedConnections(), 1); // the link was never ended for nothing
+}
+
+void HostSceneTest::speaksTheLanguage_data()
+{
+    QTest::addColumn<QString>("tracks");
+    QTest::newRow("en") << QStringLiteral("Tracks");
+    QTest::newRow("de") << QStringLiteral("Titel");
+    QTest::newRow("it") << QStringLiteral("Tracce");
+}
+
+void HostSceneTest::speaksTheLanguage()
+{
+    QFETCH(QString, tracks);
+    m_scene.reset();
+    QVERIFY(installLanguage(QString::fromLatin1(QTest::currentDataTag())));
+    showScene();
+    QQmlComponent component(qmlEngine(item("TabBar")));
+    component.setData("import com.kestrum.translations 1.0\nDynamicTranslator {}", QUrl());
+    const std::unique_ptr<QObject> translator(component.create());
+    QVERIFY2(translator, qPrintable(component.errorString()));
+    QString text;
+    QMetaObject::invokeMethod(translator.get(), "translate", Q_RETURN_ARG(QString, text),
+                              Q_ARG(QString, QStringLiteral("track")));
+    QCOMPARE(text, tracks);
+}
+
+void HostSceneTest::knowsNoOtherLanguage()
+{
+    QVERIFY(!installLanguage(QStringLiteral("fr")));
 }
 
 void HostSceneTest::goesOnWhenTheDeviceGoes()
