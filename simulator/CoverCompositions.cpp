@@ -58,7 +58,7 @@ Place rings(QPainter &painter, const CoverPalette &palette, quint64 detail)
         painter.setBrush(colours.at(std::size_t(turn++ % 4)));
         painter.drawEllipse(centre, radius, radius);
     }
-    painter.fillRect(QRectF(0, 470, side, 130), palette.ground);
+    painter.fillRect(QRectF(0, 424, side, 176), palette.ground);
     return Place::Bottom;
 }
 
@@ -76,7 +76,7 @@ Place stripes(QPainter &painter, const CoverPalette &palette, quint64 detail)
         x += width + 10 + 30 * unit(detail, 40 + stripe);
     }
     painter.restore();
-    painter.fillRect(QRectF(0, 0, side, 140), palette.ground);
+    painter.fillRect(QRectF(0, 0, side, 176), palette.ground);
     return Place::Top;
 }
 
@@ -98,7 +98,7 @@ Place tiles(QPainter &painter, const CoverPalette &palette, quint64 detail)
             painter.restore();
         }
     }
-    painter.fillRect(QRectF(0, 4 * cell, side, cell), palette.ground);
+    painter.fillRect(QRectF(0, 424, side, 176), palette.ground);
     return Place::Bottom;
 }
 

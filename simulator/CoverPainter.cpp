@@ -14,8 +14,6 @@ namespace {
 using CoverCompositions::Place;
 using CoverCompositions::side;
 
-constexpr int margin = 34;
-
 struct TypeArea
 {
     QRectF title;
@@ -25,16 +23,16 @@ struct TypeArea
 
 TypeArea areaAt(Place place)
 {
-    const qreal width = side - 2 * margin;
+    // Inside of the circle that players cut out of a cover.
     switch (place) {
     case Place::Top:
-        return {QRectF(margin, 26, width, 64), QRectF(margin, 92, width, 32), 54};
+        return {QRectF(110, 78, side - 220, 60), QRectF(150, 138, side - 300, 32), 52};
     case Place::Bottom:
-        return {QRectF(margin, 490, width, 60), QRectF(margin, 550, width, 32), 52};
+        return {QRectF(110, 430, side - 220, 60), QRectF(150, 490, side - 300, 32), 52};
     case Place::Poster:
         break;
     }
-    return {QRectF(150, 40, side - 150 - margin, 390), QRectF(150, 480, 280, 40), 96};
+    return {QRectF(150, 110, side - 150 - 90, 320), QRectF(150, 470, 280, 40), 84};
 }
 
 QFont fontOf(quint64 choice, int size)
@@ -84,7 +82,8 @@ QImage CoverPainter::paint(int width) const
 
     const TypeArea area = areaAt(place);
     const bool isPoster = place == Place::Poster;
-    const int flags = isPoster ? Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap : Qt::AlignLeft | Qt::AlignVCenter;
+    const int alignment = isPoster ? Qt::AlignLeft : Qt::AlignHCenter;
+    const int flags = isPoster ? Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap : Qt::AlignCenter;
     const quint64 choice = Words::mix(m_seed, 33);
     const QString title = isPoster ? m_title.toUpper() : m_title;
     painter.setPen(palette.light);
@@ -93,7 +92,7 @@ QImage CoverPainter::paint(int width) const
     if (width >= 100) {
         painter.setPen(palette.bright);
         painter.setFont(fitting(m_artist, area.artist, 26, Qt::AlignLeft, choice + 6));
-        painter.drawText(area.artist, Qt::AlignLeft | Qt::AlignVCenter, m_artist);
+        painter.drawText(area.artist, alignment | Qt::AlignVCenter, m_artist);
     }
     return image;
 }

@@ -5,20 +5,22 @@
 
 #include "simulator/MusicServerSimulator.h"
 
+#include <QTimer>
+
 namespace {
 
 constexpr quint32 airPlayCover = 900003;
+constexpr int pictureDelay = 2000; // milliseconds
 
 const QStringList playlistNames{QStringLiteral("Morning Coffee"), QStringLiteral("Dinner with Friends"),
                                 QStringLiteral("Summer Party"), QStringLiteral("Late Night"),
                                 QStringLiteral("Focus")};
 
 // What a player on AirPlay shows must be what its cover says.
-void showAirPlay(SourceState &source, const ArtworkServer &artwork)
+void showAirPlay(SourceState &source)
 {
     source.airPlay.album = Catalogue::coverTitle(airPlayCover);
     source.airPlay.artist = Catalogue::coverArtist(airPlayCover);
-    source.airPlay.image = artwork.url(ArtworkServer::coverPath(airPlayCover, 640));
 }
 
 // Ten songs from all over the library, and two things that are no songs.
@@ -38,6 +40,7 @@ DemoHouse::DemoHouse(QObject *parent)
     : QObject(parent)
 {
     followPlaylists();
+    connect(&m_device, &DeviceSimulator::clientJoined, this, &DemoHouse::sendAirPlayPictures);
 }
 
 DemoHouse::~DemoHouse() = default;
@@ -83,7 +86,7 @@ bool DemoHouse::startMusicServers(DeviceState &state)
         furnish(server, source.airPlay.on);
         source.port = QString::number(server->port());
         if (source.airPlay.on)
-            showAirPlay(source, m_artwork);
+            showAirPlay(source);
     }
     if (!m_musicServers.isEmpty())
         state.playlistEntries.first().ref = m_musicServers.first()->playlists()->playlists().constFirst().uri;
@@ -107,6 +110,22 @@ void DemoHouse::furnish(MusicServerSimulator *server, bool paused)
     server->playback()->seek(38000 + which * 21000);
     if (paused)
         server->playback()->pause();
+}
+
+// As from a telephone, the picture comes some time after the texts.
+void DemoHouse::sendAirPlayPictures()
+{
+    disconnect(&m_device, &DeviceSimulator::clientJoined, this, &DemoHouse::sendAirPlayPictures);
+    QTimer::singleShot(pictureDelay, this, [this] {
+        const DeviceState state = m_device.state();
+        for (const SourceState &source : state.sources) {
+            if (!source.airPlay.on)
+                continue;
+            AirPlayState airPlay = source.airPlay;
+            airPlay.image = m_artwork.url(ArtworkServer::coverPath(airPlayCover, 640));
+            m_device.setAirPlay(source.index, airPlay);
+        }
+    });
 }
 
 // The device only passes these wishes on; the playlist may be on any server.

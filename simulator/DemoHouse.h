@@ -47,6 +47,7 @@ private:
     bool startMusicServers(DeviceState &state);
     void furnish(MusicServerSimulator *server, bool paused);
     void followPlaylists();
+    void sendAirPlayPictures();
     bool fail(const QString &what, const QString &reason);
 
     DeviceSimulator m_device;
