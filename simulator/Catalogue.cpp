@@ -11,6 +11,7 @@ namespace {
 constexpr quint32 firstShow = 99990;
 
 const QString trackPrefix = QStringLiteral("local:track:");
+const QString artistPrefix = QStringLiteral("local:artist:");
 const QString albumPrefix = QStringLiteral("local:album:");
 const QString podcastPrefix = QStringLiteral("podcast+");
 const QString stationPrefix = QStringLiteral("tunein:station:s");
@@ -22,7 +23,7 @@ quint32 artistOf(quint32 albumNumber)
 
 CatalogueArtist artist(quint32 number)
 {
-    return {QStringLiteral("local:artist:%1").arg(number), Words::artistName(number)};
+    return {artistPrefix + QString::number(number), Words::artistName(number)};
 }
 
 int between(quint64 spread, int least, int most)
@@ -102,6 +103,34 @@ CatalogueTrack Catalogue::station(int position) const
     return track;
 }
 
+QVector<CatalogueArtist> Catalogue::artists() const
+{
+    QVector<CatalogueArtist> artists;
+    const quint32 last = artistOf(albumNumber(albumCount() - 1));
+    for (quint32 number = artistOf(albumNumber(0)); number <= last; ++number)
+        artists << artist(number);
+    return artists;
+}
+
+int Catalogue::firstTrackOfAlbum(const QString &uri) const
+{
+    if (!uri.startsWith(albumPrefix))
+        return -1;
+    const int album = numberIn(uri.mid(albumPrefix.size())) - int(albumNumber(0));
+    return album >= 0 && album < albumCount() ? album * tracksPerAlbum : -1;
+}
+
+int Catalogue::firstTrackOfArtist(const QString &uri) const
+{
+    if (!uri.startsWith(artistPrefix))
+        return -1;
+    const int number = numberIn(uri.mid(artistPrefix.size()));
+    // The first artist of the library may have begun in the range below.
+    const int album = qMax(0, number * albumsPerArtist - int(albumNumber(0)));
+    const bool isOurs = number >= 0 && album < albumCount() && artistOf(albumNumber(album)) == quint32(number);
+    return isOurs ? album * tracksPerAlbum : -1;
+}
+
 std::optional<CatalogueTrack> Catalogue::find(const QString &uri) const
 {
     std::optional<CatalogueTrack> found;
@@ -126,10 +155,9 @@ std::optional<CatalogueTrack> Catalogue::find(const QString &uri) const
 
 quint32 Catalogue::coverSeed(const QString &uri) const
 {
-    if (uri.startsWith(albumPrefix)) {
-        const int album = numberIn(uri.mid(albumPrefix.size())) - int(albumNumber(0));
-        return album >= 0 && album < albumCount() ? albumNumber(album) : 0;
-    }
+    const int first = firstTrackOfAlbum(uri);
+    if (first >= 0)
+        return track(first).coverSeed;
     const std::optional<CatalogueTrack> track = find(uri);
     return track ? track->coverSeed : 0;
 }

@@ -58,6 +58,13 @@ public:
     CatalogueTrack episode(int position) const;
     CatalogueTrack station(int position) const;
 
+    /// The artists of the library, each with `albumsPerArtist` albums but for the last, which may have fewer.
+    QVector<CatalogueArtist> artists() const;
+    /// Position of the first track of an album or of an artist, by its uri; -1 for any other text. Its tracks
+    /// follow one another, an artist's album by album.
+    int firstTrackOfAlbum(const QString &uri) const;
+    int firstTrackOfArtist(const QString &uri) const;
+
     /// The playable entry of this uri; nothing for any other text.
     std::optional<CatalogueTrack> find(const QString &uri) const;
 

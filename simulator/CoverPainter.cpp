@@ -82,8 +82,8 @@ QImage CoverPainter::paint(int width) const
 
     const TypeArea area = areaAt(place);
     const bool isPoster = place == Place::Poster;
-    const int alignment = isPoster ? Qt::AlignLeft : Qt::AlignHCenter;
-    const int flags = isPoster ? Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap : Qt::AlignCenter;
+    const Qt::Alignment alignment = isPoster ? Qt::AlignLeft : Qt::AlignHCenter;
+    const int flags = isPoster ? int(Qt::AlignLeft) | Qt::AlignTop | Qt::TextWordWrap : int(Qt::AlignCenter);
     const quint64 choice = Words::mix(m_seed, 33);
     const QString title = isPoster ? m_title.toUpper() : m_title;
     painter.setPen(palette.light);
@@ -92,7 +92,7 @@ QImage CoverPainter::paint(int width) const
     if (width >= 100) {
         painter.setPen(palette.bright);
         painter.setFont(fitting(m_artist, area.artist, 26, Qt::AlignLeft, choice + 6));
-        painter.drawText(area.artist, alignment | Qt::AlignVCenter, m_artist);
+        painter.drawText(area.artist, int(alignment | Qt::AlignVCenter), m_artist);
     }
     return image;
 }

@@ -3,8 +3,6 @@
 
 #include "simulator/MopidyModels.h"
 
-#include <QJsonArray>
-
 namespace {
 
 QJsonObject model(const QString &name)
@@ -24,20 +22,31 @@ void put(QJsonObject &object, const QString &key, int number)
         object.insert(key, number);
 }
 
+void put(QJsonObject &object, const QString &key, const QJsonArray &array)
+{
+    if (!array.isEmpty())
+        object.insert(key, array);
+}
+
 void putArtists(QJsonObject &object, const QVector<CatalogueArtist> &artists)
 {
     QJsonArray array;
-    for (const CatalogueArtist &artist : artists) {
-        QJsonObject one = model(QStringLiteral("Artist"));
-        put(one, QStringLiteral("uri"), artist.uri);
-        put(one, QStringLiteral("name"), artist.name);
-        array << one;
-    }
-    if (!array.isEmpty())
-        object.insert(QStringLiteral("artists"), array);
+    for (const CatalogueArtist &artist : artists)
+        array << MopidyModels::artist(artist);
+    put(object, QStringLiteral("artists"), array);
 }
 
-QJsonObject album(const CatalogueTrack &track)
+} // namespace
+
+QJsonObject MopidyModels::artist(const CatalogueArtist &artist)
+{
+    QJsonObject object = model(QStringLiteral("Artist"));
+    put(object, QStringLiteral("uri"), artist.uri);
+    put(object, QStringLiteral("name"), artist.name);
+    return object;
+}
+
+QJsonObject MopidyModels::album(const CatalogueTrack &track)
 {
     QJsonObject object = model(QStringLiteral("Album"));
     put(object, QStringLiteral("uri"), track.albumUri);
@@ -47,7 +56,25 @@ QJsonObject album(const CatalogueTrack &track)
     return object;
 }
 
-} // namespace
+QJsonObject MopidyModels::searchResult(const QString &uri, const QJsonArray &tracks, const QJsonArray &albums,
+                                       const QJsonArray &artists)
+{
+    QJsonObject object = model(QStringLiteral("SearchResult"));
+    put(object, QStringLiteral("uri"), uri);
+    put(object, QStringLiteral("tracks"), tracks);
+    put(object, QStringLiteral("albums"), albums);
+    put(object, QStringLiteral("artists"), artists);
+    return object;
+}
+
+QJsonObject MopidyModels::playlist(const QString &uri, const QString &name, const QJsonArray &tracks)
+{
+    QJsonObject object = model(QStringLiteral("Playlist"));
+    put(object, QStringLiteral("uri"), uri);
+    put(object, QStringLiteral("name"), name);
+    put(object, QStringLiteral("tracks"), tracks);
+    return object;
+}
 
 QJsonObject MopidyModels::track(const CatalogueTrack &track)
 {

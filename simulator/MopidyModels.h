@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QJsonArray>
 #include <QJsonObject>
 
 #include "simulator/Catalogue.h"
@@ -15,6 +16,12 @@ namespace MopidyModels {
 
 QJsonObject track(const CatalogueTrack &track);
 QJsonObject tlTrack(int tlid, const CatalogueTrack &track);
+QJsonObject album(const CatalogueTrack &track); ///< the album of a track
+QJsonObject artist(const CatalogueArtist &artist);
+QJsonObject searchResult(const QString &uri, const QJsonArray &tracks, const QJsonArray &albums,
+                         const QJsonArray &artists); ///< kinds without a find are left out
+/// With its tracks by uri and name; an empty list is left out.
+QJsonObject playlist(const QString &uri, const QString &name, const QJsonArray &tracks = {});
 QJsonObject ref(const QString &type, const QString &uri, const QString &name);
 QJsonObject image(const QString &uri, int width); ///< square, width in pixels
 

@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+#include "simulator/MopidyModels.h"
+
 namespace {
 
 QString compact(const QJsonObject &object)
@@ -50,7 +52,7 @@ MusicServerSimulator::MusicServerSimulator(const Catalogue &catalogue, QObject *
     RpcMethods::addPlayback(m_methods, &m_playback);
     RpcMethods::addTracklist(m_methods, &m_tracklist, &m_playback, m_catalogue);
     RpcMethods::addLibrary(m_methods, m_catalogue);
-    RpcMethods::addPlaylists(m_methods, &m_playlists);
+    RpcMethods::addPlaylists(m_methods, &m_playlists, m_catalogue);
     setRemoveForm(RemoveForm::Criteria);
     m_methods.add(QStringLiteral("core.get_uri_schemes"), {}, [this](const QJsonObject &) {
         return RpcReply{QJsonArray::fromStringList(m_uriSchemes), {}};
@@ -76,9 +78,7 @@ void MusicServerSimulator::connectParts()
     connect(&m_tracklist, &Tracklist::changed, this, [this] { sendEvent(QStringLiteral("tracklist_changed")); });
     connect(&m_tracklist, &Tracklist::optionsChanged, this, [this] { sendEvent(QStringLiteral("options_changed")); });
     connect(&m_playlists, &PlaylistShelf::playlistChanged, this, [this](const ShelfPlaylist &playlist) {
-        const QJsonObject model{{QStringLiteral("__model__"), QStringLiteral("Playlist")},
-                                {QStringLiteral("uri"), playlist.uri},
-                                {QStringLiteral("name"), playlist.name}};
+        const QJsonObject model = MopidyModels::playlist(playlist.uri, playlist.name);
         sendEvent(QStringLiteral("playlist_changed"), {{QStringLiteral("playlist"), model}});
     });
     connect(&m_playlists, &PlaylistShelf::playlistDeleted, this, [this](const QString &uri) {
@@ -174,6 +174,10 @@ void MusicServerSimulator::handleText(QWebSocket *socket, const QString &text)
                                   object.value(QStringLiteral("id")), object.value(QStringLiteral("params"))};
     m_requests << request;
     Q_EMIT requestReceived(request.method);
+    if (m_faults.dropAtRequest >= 0 && m_faults.dropAtRequest-- == 0) {
+        socket->abort();
+        return;
+    }
     // The events of a request go out while it runs, so they arrive before its reply.
     const RpcReply result = outcome(request);
     if (!request.id.isUndefined())

@@ -21,9 +21,16 @@ PlaylistShelf::PlaylistShelf(QObject *parent)
 {
 }
 
+const ShelfPlaylist *PlaylistShelf::find(const QString &uri) const
+{
+    const int at = position(uri);
+    return at < 0 ? nullptr : &m_playlists.at(at);
+}
+
 QString PlaylistShelf::put(const QString &name, const QStringList &trackUris)
 {
-    const ShelfPlaylist playlist{uriOf(name), name, trackUris};
+    const QString fileName = QString(name).replace(QLatin1Char('/'), QLatin1Char('|'));
+    const ShelfPlaylist playlist{uriOf(fileName), fileName, trackUris};
     const int at = position(playlist.uri);
     if (at < 0)
         m_playlists << playlist;

@@ -28,8 +28,11 @@ public:
 
     const QVector<ShelfPlaylist> &playlists() const { return m_playlists; }
 
+    /// The playlist of that uri, null for an unknown one. Valid until the shelf changes.
+    const ShelfPlaylist *find(const QString &uri) const;
+
     /// Makes a playlist with a uri that follows from its name; an existing one of that name is replaced. Returns
-    /// the uri.
+    /// the uri. A "/" in the name becomes "|", as the server's playlists are files.
     QString put(const QString &name, const QStringList &trackUris);
 
     /// Gives a playlist another name, and with it another uri, or takes it away. False for an unknown uri.

@@ -24,6 +24,6 @@ void addTracklist(RpcTable &table, Tracklist *tracklist, Playback *playback, con
 /// Adds or replaces the removal alone.
 void addTracklistRemove(RpcTable &table, Tracklist *tracklist, RemoveForm form);
 void addLibrary(RpcTable &table, const Catalogue &catalogue);
-void addPlaylists(RpcTable &table, PlaylistShelf *playlists);
+void addPlaylists(RpcTable &table, PlaylistShelf *playlists, const Catalogue &catalogue);
 
 } // namespace RpcMethods

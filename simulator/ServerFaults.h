@@ -20,6 +20,7 @@ struct ServerFaults
     bool errorReply = false;  ///< an error in place of the result; the request is not carried out
     bool doubleReply = false; ///< every reply twice
     bool replyNoJson = false; ///< a text that is no JSON in place of the reply
+    int dropAtRequest = -1;   ///< ends the connection over the request of this number (0: the next); counts down
     int replyDelayMs = 0;     ///< replies this late; events are not delayed
 
     /// What stands in place of the "result" of a method, by its full name, whatever `methods` says.
