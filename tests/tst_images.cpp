@@ -374,6 +374,13 @@ void TestImages::bodiesBeyondTheBound()
     QCOMPARE(PictureDecoder::decoded(body).size(), QSize(20, 10));
     QVERIFY(PictureDecoder::decoded(body + ' ').isNull());
     QVERIFY(PictureDecoder::decoded(QByteArray()).isNull());
+    for (const int width : {8000, 8001}) { // of one bit a pixel: small enough to be read, were it not for the bound
+        QImage image(width, 8000, QImage::Format_Mono);
+        image.fill(1);
+        QBuffer buffer;
+        QVERIFY(image.save(&buffer, "PNG"));
+        QCOMPARE(PictureDecoder::decoded(buffer.data()).isNull(), width > 8000);
+    }
 }
 
 HALVORA_SUITE_MAIN(TestImages)

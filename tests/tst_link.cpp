@@ -385,10 +385,19 @@ void TestLink::lostConnectionIsDialledAtTheNextTick()
     QTRY_COMPARE(house.device.liveConnections(), 1);
     house.device.dropAll();
     QTRY_COMPARE(socket.state(), QAbstractSocket::UnconnectedState);
+    QString message = "lost"_s;
+    socket.writeMessage(message);
     QCOMPARE(restarts.size(), 0);
     socket.timerTimeout();
     QCOMPARE(restarts.size(), 1);
     QCOMPARE(errors.size(), 0);
+    socket.connectToServer(house.device.host(), house.device.port());
+    socket.writeMessage(message); // still dialling
+    QCOMPARE(message, "lost"_s);
+    QTRY_COMPARE(socket.state(), QAbstractSocket::ConnectedState);
+    message = "heard"_s;
+    socket.writeMessage(message);
+    QTRY_COMPARE(house.device.numberedMessages(), QStringList{"0|heard"_s});
 }
 
 void TestLink::silentRedial()
@@ -398,10 +407,12 @@ void TestLink::silentRedial()
     QTRY_COMPARE(house.firstConnected, 1);
     Q_EMIT house.link.requireSendCommand("2000|100|7|30"_s);
     QTRY_COMPARE(house.device.messages().size(), 3);
+    house.device.broadcast(DeviceMessages::KeepAlive);
+    house.device.sendRaw("halfAFrameThatNeverEnds"); // in one write with the poll, so it has come when that is answered
+    QTRY_COMPARE(house.device.messages().size(), 4);
     house.said.clear();
     house.commands.clear();
     house.device.clearReceived();
-    house.device.sendRaw("half a frame that never ends");
     house.device.dropAll();
     QTRY_VERIFY(house.said.contains("hide"_s));
     QCOMPARE(house.said, (QStringList{authenticating, "hide"_s}));
