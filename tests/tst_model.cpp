@@ -6,6 +6,7 @@
 #include "model/Halvora.h"
 #include "player/PlayerTiming.h"
 #include "simulator/DeviceSimulator.h"
+#include "support/Listed.h"
 #include "support/RawMusicServer.h"
 #include "support/SignalLog.h"
 #include "support/Suite.h"
@@ -17,15 +18,6 @@ using Action = std::function<void(Halvora *)>;
 QStringList fieldsOf(const QString &message)
 {
     return message.split(QLatin1Char('|'));
-}
-
-template<typename T>
-QList<T *> listed(QQmlListProperty<T> list)
-{
-    QList<T *> objects;
-    for (int i = 0; i < list.count(&list); ++i)
-        objects << list.at(&list, i);
-    return objects;
 }
 
 // The whole mirror in one text, in the order in which QML sees it.

@@ -5,6 +5,7 @@
 #include "player/PlayerTiming.h"
 #include "screens/DynamicTranslator.h"
 #include "simulator/MusicServerSimulator.h"
+#include "support/Listed.h"
 #include "support/RawMusicServer.h"
 #include "support/SignalLog.h"
 #include "support/Suite.h"
@@ -40,15 +41,6 @@ QString textOf(const QJsonValue &value)
         return "undefined"_s;
     const QString list = QString::fromUtf8(QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact));
     return list.mid(1, list.size() - 2);
-}
-
-template<typename T>
-QList<T *> listed(QQmlListProperty<T> list)
-{
-    QList<T *> objects;
-    for (int i = 0; i < list.count(&list); ++i)
-        objects << list.at(&list, i);
-    return objects;
 }
 
 QString songText(const Song *song)
