@@ -32,9 +32,9 @@ int between(quint64 spread, int least, int most)
 
 QString trackUri(const CatalogueTrack &track, int position)
 {
-    return trackPrefix + Words::slug(track.artists.first().name) + QLatin1Char('/') + Words::slug(track.albumName)
-        + QLatin1Char('/') + QString::number(position) + QLatin1Char('-') + Words::slug(track.name)
-        + QStringLiteral(".flac");
+    return trackPrefix + Words::slug(track.artists.first().name) + QLatin1Char('/')
+        + Words::slug(track.albumName) + QLatin1Char('/') + QString::number(position) + QLatin1Char('-')
+        + Words::slug(track.name) + QStringLiteral(".flac");
 }
 
 // The number that ends or begins a uri's last section; -1 when it is none.
@@ -84,7 +84,8 @@ CatalogueTrack Catalogue::episode(int position) const
     track.lengthMs = between(Words::mix(number, 10), 1500000, 3300000);
     track.genre = QStringLiteral("Podcast");
     track.albumName = Words::albumTitle(show);
-    track.albumUri = podcastPrefix + QStringLiteral("https://podcasts.example/%1.xml").arg(Words::slug(track.albumName));
+    track.albumUri =
+        podcastPrefix + QStringLiteral("https://podcasts.example/%1.xml").arg(Words::slug(track.albumName));
     track.albumComment = Words::showComment(show);
     track.albumArtists = {{QString(), Words::artistName(artistOf(show))}};
     track.coverSeed = show;

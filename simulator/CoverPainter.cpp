@@ -84,7 +84,8 @@ QImage CoverPainter::paint(int width) const
 
     const TypeArea area = areaAt(place);
     const bool isPoster = place == Place::Poster;
-    const int flags = isPoster ? Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap : Qt::AlignLeft | Qt::AlignVCenter;
+    const int flags =
+        isPoster ? Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap : Qt::AlignLeft | Qt::AlignVCenter;
     const quint64 choice = Words::mix(m_seed, 33);
     const QString title = isPoster ? m_title.toUpper() : m_title;
     painter.setPen(palette.light);

@@ -7,8 +7,7 @@
 
 namespace {
 
-template<typename State>
-State *withIndex(QVector<State> &states, int index)
+template <typename State> State *withIndex(QVector<State> &states, int index)
 {
     const auto found = std::find_if(states.begin(), states.end(),
                                     [index](const State &state) { return state.index == index; });
@@ -48,8 +47,8 @@ QVector<SourceState> demoSources()
     turntable.index = 7;
     turntable.name = QStringLiteral("Turntable");
     turntable.volume = 70;
-    return {playerSource(2, QStringLiteral("House Music"), 80), playerSource(3, QStringLiteral("Jukebox"), 75),
-            guests, turntable};
+    return {playerSource(2, QStringLiteral("House Music"), 80),
+            playerSource(3, QStringLiteral("Jukebox"), 75), guests, turntable};
 }
 
 } // namespace

@@ -8,8 +8,9 @@
 namespace {
 
 constexpr int tickMs = 10;
-constexpr int longestHead = 64 * 1024;  // bytes
-constexpr int mostUnsent = 256 * 1024;  // bytes; an endless body must not fill the memory of a slow client's server
+constexpr int longestHead = 64 * 1024; // bytes
+constexpr int mostUnsent =
+    256 * 1024; // bytes; an endless body must not fill the memory of a slow client's server
 
 } // namespace
 

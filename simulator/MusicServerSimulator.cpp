@@ -20,7 +20,8 @@ QString compact(const QJsonObject &object)
 
 QString parseError()
 {
-    const QJsonObject error{{QStringLiteral("code"), -32700}, {QStringLiteral("message"), QStringLiteral("Parse error")}};
+    const QJsonObject error{{QStringLiteral("code"), -32700},
+                            {QStringLiteral("message"), QStringLiteral("Parse error")}};
     return compact({{QStringLiteral("jsonrpc"), QStringLiteral("2.0")},
                     {QStringLiteral("id"), QJsonValue::Null},
                     {QStringLiteral("error"), error}});
@@ -42,8 +43,9 @@ MusicServerSimulator::MusicServerSimulator(const Catalogue &catalogue, QObject *
     : QObject(parent)
     , m_catalogue(catalogue)
     , m_playback(&m_tracklist, nullptr)
-    , m_uriSchemes{QStringLiteral("file"), QStringLiteral("http"), QStringLiteral("https"), QStringLiteral("local"),
-                   QStringLiteral("m3u"), QStringLiteral("podcast"), QStringLiteral("tunein")}
+    , m_uriSchemes{QStringLiteral("file"),  QStringLiteral("http"), QStringLiteral("https"),
+                   QStringLiteral("local"), QStringLiteral("m3u"),  QStringLiteral("podcast"),
+                   QStringLiteral("tunein")}
     , m_door(QStringLiteral("/mopidy/ws"), nullptr)
     , m_webSockets(QStringLiteral("Mopidy"), QWebSocketServer::NonSecureMode)
 {
@@ -68,13 +70,16 @@ MusicServerSimulator::~MusicServerSimulator()
 
 void MusicServerSimulator::connectParts()
 {
-    connect(&m_door, &ConnectionSorter::webSocketRequested, &m_webSockets, &QWebSocketServer::handleConnection);
+    connect(&m_door, &ConnectionSorter::webSocketRequested, &m_webSockets,
+            &QWebSocketServer::handleConnection);
     connect(&m_door, &ConnectionSorter::plainRequested, &m_artwork, &ArtworkServer::adopt);
     connect(&m_webSockets, &QWebSocketServer::newConnection, this, &MusicServerSimulator::acceptSockets);
 
     connect(&m_playback, &Playback::eventRaised, this, &MusicServerSimulator::sendEvent);
-    connect(&m_tracklist, &Tracklist::changed, this, [this] { sendEvent(QStringLiteral("tracklist_changed")); });
-    connect(&m_tracklist, &Tracklist::optionsChanged, this, [this] { sendEvent(QStringLiteral("options_changed")); });
+    connect(&m_tracklist, &Tracklist::changed, this,
+            [this] { sendEvent(QStringLiteral("tracklist_changed")); });
+    connect(&m_tracklist, &Tracklist::optionsChanged, this,
+            [this] { sendEvent(QStringLiteral("options_changed")); });
     connect(&m_playlists, &PlaylistShelf::playlistChanged, this, [this](const ShelfPlaylist &playlist) {
         const QJsonObject model{{QStringLiteral("__model__"), QStringLiteral("Playlist")},
                                 {QStringLiteral("uri"), playlist.uri},

@@ -29,11 +29,11 @@ struct ReceivedRequest
 };
 
 /**
- * A Mopidy server on 127.0.0.1: JSON-RPC over the WebSocket at "/mopidy/ws", and on the same port the pictures
- * that it names. It plays in time, but makes no sound.
+ * A Mopidy server on 127.0.0.1: JSON-RPC over the WebSocket at "/mopidy/ws", and on the same port the
+ * pictures that it names. It plays in time, but makes no sound.
  *
- * Never blocks; everything happens in the event loop of the thread it lives on. It owns all its parts and ends its
- * connections when it is destroyed. Drawing covers needs a QGuiApplication.
+ * Never blocks; everything happens in the event loop of the thread it lives on. It owns all its parts and
+ * ends its connections when it is destroyed. Drawing covers needs a QGuiApplication.
  */
 class MusicServerSimulator final : public QObject
 {
@@ -50,7 +50,7 @@ public:
     bool listenAgain();                      ///< on the port it had before
     void refuseFor(int milliseconds);        ///< stops listening and takes it up again by itself
     QString errorString() const { return m_door.errorString(); }
-    QString host() const;                    ///< "127.0.0.1"
+    QString host() const; ///< "127.0.0.1"
     quint16 port() const { return m_door.port(); }
 
     const Catalogue &catalogue() const { return m_catalogue; }

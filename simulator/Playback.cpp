@@ -174,7 +174,8 @@ void Playback::forgetCurrent()
     m_trackEnd.stop();
 }
 
-// The server keeps its state when the playing entry is taken away from under it, but not when the list is empty.
+// The server keeps its state when the playing entry is taken away from under it, but not when the list is
+// empty.
 void Playback::tracklistChanged()
 {
     if (m_tracklist->entries().isEmpty())
@@ -188,8 +189,9 @@ void Playback::setState(State state)
 {
     const State before = m_state;
     m_state = state;
-    Q_EMIT eventRaised(QStringLiteral("playback_state_changed"),
-                       {{QStringLiteral("old_state"), nameOf(before)}, {QStringLiteral("new_state"), nameOf(state)}});
+    Q_EMIT eventRaised(
+        QStringLiteral("playback_state_changed"),
+        {{QStringLiteral("old_state"), nameOf(before)}, {QStringLiteral("new_state"), nameOf(state)}});
 }
 
 void Playback::raise(const QString &what, qint64 position)

@@ -23,6 +23,7 @@ QJsonArray asList(const PlaylistShelf *playlists)
 
 void RpcMethods::addPlaylists(RpcTable &table, PlaylistShelf *playlists)
 {
-    table.add(QStringLiteral("core.playlists.as_list"), {},
-              [playlists](const QJsonObject &) { return RpcReply{asList(playlists), {}}; });
+    table.add(QStringLiteral("core.playlists.as_list"), {}, [playlists](const QJsonObject &) {
+        return RpcReply{asList(playlists), {}};
+    });
 }

@@ -11,7 +11,8 @@ namespace {
 
 QString uriOf(const QString &name)
 {
-    return QStringLiteral("m3u:") + QString::fromLatin1(QUrl::toPercentEncoding(name)) + QStringLiteral(".m3u8");
+    return QStringLiteral("m3u:") + QString::fromLatin1(QUrl::toPercentEncoding(name))
+        + QStringLiteral(".m3u8");
 }
 
 } // namespace

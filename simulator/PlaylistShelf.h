@@ -16,8 +16,8 @@ struct ShelfPlaylist
 };
 
 /**
- * The playlists of the simulated music server, in the order of their making. Owned by the MusicServerSimulator,
- * lives on its thread.
+ * The playlists of the simulated music server, in the order of their making. Owned by the
+ * MusicServerSimulator, lives on its thread.
  */
 class PlaylistShelf final : public QObject
 {
@@ -28,8 +28,8 @@ public:
 
     const QVector<ShelfPlaylist> &playlists() const { return m_playlists; }
 
-    /// Makes a playlist with a uri that follows from its name; an existing one of that name is replaced. Returns
-    /// the uri.
+    /// Makes a playlist with a uri that follows from its name; an existing one of that name is replaced.
+    /// Returns the uri.
     QString put(const QString &name, const QStringList &trackUris);
 
     /// Gives a playlist another name, and with it another uri, or takes it away. False for an unknown uri.
