@@ -116,7 +116,10 @@ void MusicServerSimulator::sendEvent(const QString &name, const QJsonObject &fie
 {
     QJsonObject event = fields;
     event.insert(QStringLiteral("event"), name);
-    sendText(compact(event));
+    if (m_holdsEvents)
+        m_heldEvents << compact(event);
+    else
+        sendText(compact(event));
 }
 
 void MusicServerSimulator::sendText(const QString &text)
@@ -179,10 +182,20 @@ void MusicServerSimulator::handleText(QWebSocket *socket, const QString &text)
                                   object.value(QStringLiteral("id")), object.value(QStringLiteral("params"))};
     m_requests << request;
     Q_EMIT requestReceived(request.method);
-    // The events of a request go out while it runs, so they arrive before its reply.
+    carryOut(socket, request);
+}
+
+void MusicServerSimulator::carryOut(QWebSocket *socket, const ReceivedRequest &request)
+{
+    m_holdsEvents = !m_faults.eventsFirst;
     const RpcReply result = outcome(request);
+    m_holdsEvents = false;
     if (!request.id.isUndefined())
         reply(socket, request, result);
+    const QStringList events = m_heldEvents;
+    m_heldEvents.clear();
+    for (const QString &event : events)
+        sendText(event);
 }
 
 RpcReply MusicServerSimulator::outcome(const ReceivedRequest &request)

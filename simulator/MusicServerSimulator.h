@@ -70,7 +70,7 @@ public:
     /// RemoveForm::Criteria at the start, as today's servers have it.
     void setRemoveForm(RemoveForm form);
 
-    /// Sends an event to every client; `fields` without the name.
+    /// Sends an event to every client; `fields` without the name. What a request causes waits for its reply.
     void sendEvent(const QString &name, const QJsonObject &fields = {});
 
     /// Sends any text to every client.
@@ -100,6 +100,7 @@ private:
     void acceptSockets();
     void forget(QWebSocket *socket);
     void handleText(QWebSocket *socket, const QString &text);
+    void carryOut(QWebSocket *socket, const ReceivedRequest &request);
     RpcReply outcome(const ReceivedRequest &request);
     void reply(QWebSocket *socket, const ReceivedRequest &request, const RpcReply &outcome);
 
@@ -116,4 +117,6 @@ private:
     QList<QWebSocket *> m_sockets;
     QList<ReceivedRequest> m_requests;
     int m_acceptedSockets = 0;
+    bool m_holdsEvents = false;
+    QStringList m_heldEvents;
 };

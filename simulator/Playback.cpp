@@ -80,13 +80,13 @@ void Playback::resume()
     raise(QStringLiteral("resumed"), m_position);
 }
 
+// That the track has ended is only reported when the next one begins.
 void Playback::stop()
 {
     if (m_state == State::Stopped)
         return;
-    stopClock(timePosition());
+    stopClock(0);
     setState(State::Stopped);
-    raise(QStringLiteral("ended"), m_position);
     m_streamTitle.clear();
 }
 
@@ -133,21 +133,18 @@ void Playback::setTimeScale(double scale)
         restartClock(position);
 }
 
-// Leaves what plays and takes the entry up in the given state, from its start.
+// Leaves the current entry and takes another one up from its start. What is to be paused plays for a moment,
+// and clients hear of it.
 void Playback::begin(int tlid, State state)
 {
-    if (m_state != State::Stopped)
-        raise(QStringLiteral("ended"), timePosition());
+    raise(QStringLiteral("ended"), timePosition());
     m_streamTitle.clear();
     m_current = *m_tracklist->entry(tlid);
-    setState(state);
-    if (state == State::Playing) {
-        restartClock(0);
-        raise(QStringLiteral("started"));
-    } else {
-        stopClock(0);
-        raise(QStringLiteral("paused"), 0);
-    }
+    setState(State::Playing);
+    restartClock(0);
+    raise(QStringLiteral("started"));
+    if (state == State::Paused)
+        pause();
 }
 
 // A skip by hand: what was paused stays so, what was stopped merely points at another entry.
@@ -155,7 +152,7 @@ void Playback::moveTo(int tlid)
 {
     if (tlid == 0) {
         stop();
-        forgetCurrent();
+        endOfStream();
     } else if (m_state == State::Stopped) {
         m_current = *m_tracklist->entry(tlid);
     } else {
@@ -165,7 +162,20 @@ void Playback::moveTo(int tlid)
 
 void Playback::endOfTrack()
 {
-    moveTo(m_tracklist->following(m_current.tlid));
+    const int next = m_tracklist->following(m_current.tlid);
+    if (next == 0)
+        endOfStream();
+    else
+        begin(next, State::Playing);
+}
+
+void Playback::endOfStream()
+{
+    const qint64 reached = timePosition();
+    stopClock(0);
+    setState(State::Stopped);
+    raise(QStringLiteral("ended"), reached);
+    forgetCurrent();
 }
 
 void Playback::forgetCurrent()

@@ -57,6 +57,7 @@ private:
     void begin(int tlid, State state);
     void moveTo(int tlid);
     void endOfTrack();
+    void endOfStream();
     void forgetCurrent();
     void tracklistChanged();
     void setState(State state);

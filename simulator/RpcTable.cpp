@@ -37,7 +37,7 @@ RpcReply RpcReply::invalidParameters(const QString &message)
 RpcReply RpcReply::unknownMethod(const QString &method)
 {
     return failure(-32601, QStringLiteral("Method not found"),
-                   QStringLiteral("No object found at '%1'").arg(method));
+                   QStringLiteral("No object found at '%1'").arg(method.section(QLatin1Char('.'), 0, -2)));
 }
 
 void RpcTable::add(const QString &method, const QStringList &parameters, const Handler &handler)

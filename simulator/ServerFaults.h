@@ -22,6 +22,9 @@ struct ServerFaults
     bool replyNoJson = false; ///< a text that is no JSON in place of the reply
     int replyDelayMs = 0;     ///< replies this late; events are not delayed
 
+    /// The events of a request arrive before its reply; otherwise right behind it. The real server does both.
+    bool eventsFirst = false;
+
     /// What stands in place of the "result" of a method, by its full name, whatever `methods` says.
     QHash<QString, QJsonValue> results;
 
