@@ -12,10 +12,10 @@ struct ArtworkFaults
 {
     QString onlyPath; ///< concerns paths that contain this text; empty: all
 
-    bool notFound = false;       ///< answers 404
-    bool noPicture = false;      ///< answers 200 with a body that is no picture, under a picture's type
-    bool truncatedBody = false;  ///< announces the whole length, sends half and closes
-    int lengthLie = 0;           ///< bytes added to the announced length (may be negative); closes after the body
+    bool notFound = false;      ///< answers 404
+    bool noPicture = false;     ///< answers 200 with a body that is no picture, under a picture's type
+    bool truncatedBody = false; ///< announces the whole length, sends half and closes
+    int lengthLie = 0; ///< bytes added to the announced length (may be negative); closes after the body
     bool hugeDimensions = false; ///< a PNG that claims to be 20000 by 20000 pixels
     bool endlessBody = false;    ///< announces no length and sends until the client goes away
     int slowBytesPerTick = 0;    ///< sends the body in pieces of this size, every 10 ms; 0: at once

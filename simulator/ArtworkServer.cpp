@@ -38,9 +38,7 @@ HttpResponse notFound()
 
 } // namespace
 
-ArtworkServer::ArtworkServer(QObject *parent)
-    : QObject(parent)
-    , m_covers(cacheBytes)
+ArtworkServer::ArtworkServer(QObject *parent) : QObject(parent), m_covers(cacheBytes)
 {
     connect(&m_server, &QTcpServer::newConnection, this, [this] {
         while (QTcpSocket *socket = m_server.nextPendingConnection())

@@ -15,11 +15,11 @@
 class HttpConnection;
 
 /**
- * Serves generated album covers over HTTP at "/covers/<seed>-<width>.png" and ".jpg", on a port of its own or on
- * connections that another server hands over. A width is 1 to 4096 pixels; any other path is not found.
+ * Serves generated album covers over HTTP at "/covers/<seed>-<width>.png" and ".jpg", on a port of its own or
+ * on connections that another server hands over. A width is 1 to 4096 pixels; any other path is not found.
  *
- * Lives on its owner's thread; a cover is drawn at its first request, in a few milliseconds, and kept. Drawing
- * needs a QGuiApplication.
+ * Lives on its owner's thread; a cover is drawn at its first request, in a few milliseconds, and kept.
+ * Drawing needs a QGuiApplication.
  */
 class ArtworkServer final : public QObject
 {

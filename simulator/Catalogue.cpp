@@ -33,9 +33,9 @@ int between(quint64 spread, int least, int most)
 
 QString trackUri(const CatalogueTrack &track, int position)
 {
-    return trackPrefix + Words::slug(track.artists.first().name) + QLatin1Char('/') + Words::slug(track.albumName)
-        + QLatin1Char('/') + QString::number(position) + QLatin1Char('-') + Words::slug(track.name)
-        + QStringLiteral(".flac");
+    return trackPrefix + Words::slug(track.artists.first().name) + QLatin1Char('/')
+        + Words::slug(track.albumName) + QLatin1Char('/') + QString::number(position) + QLatin1Char('-')
+        + Words::slug(track.name) + QStringLiteral(".flac");
 }
 
 // The number that ends or begins a uri's last section; -1 when it is none.
@@ -48,11 +48,7 @@ int numberIn(const QString &section)
 
 } // namespace
 
-Catalogue::Catalogue(quint32 seed, int trackCount)
-    : m_seed(seed)
-    , m_trackCount(trackCount)
-{
-}
+Catalogue::Catalogue(quint32 seed, int trackCount) : m_seed(seed), m_trackCount(trackCount) { }
 
 CatalogueTrack Catalogue::track(int position) const
 {
@@ -85,7 +81,8 @@ CatalogueTrack Catalogue::episode(int position) const
     track.lengthMs = between(Words::mix(number, 10), 1500000, 3300000);
     track.genre = QStringLiteral("Podcast");
     track.albumName = Words::albumTitle(show);
-    track.albumUri = podcastPrefix + QStringLiteral("https://podcasts.example/%1.xml").arg(Words::slug(track.albumName));
+    track.albumUri = podcastPrefix
+        + QStringLiteral("https://podcasts.example/%1.xml").arg(Words::slug(track.albumName));
     track.albumComment = Words::showComment(show);
     track.albumArtists = {{QString(), Words::artistName(artistOf(show))}};
     track.coverSeed = show;
@@ -127,7 +124,8 @@ int Catalogue::firstTrackOfArtist(const QString &uri) const
     const int number = numberIn(uri.mid(artistPrefix.size()));
     // The first artist of the library may have begun in the range below.
     const int album = qMax(0, number * albumsPerArtist - int(albumNumber(0)));
-    const bool isOurs = number >= 0 && album < albumCount() && artistOf(albumNumber(album)) == quint32(number);
+    const bool isOurs = number >= 0 && album < albumCount()
+        && artistOf(albumNumber(album)) == quint32(number);
     return isOurs ? album * tracksPerAlbum : -1;
 }
 

@@ -33,11 +33,13 @@ struct CatalogueTrack
 };
 
 /**
- * A music library that is computed and not stored: each entry follows from the catalogue's seed and its position,
- * so a library of 100,000 tracks costs nothing until somebody asks. A small value, callable on any thread.
+ * A music library that is computed and not stored: each entry follows from the catalogue's seed and its
+ * position, so a library of 100,000 tracks costs nothing until somebody asks. A small value, callable on any
+ * thread.
  *
  * The uris: "local:track:<artist>/<album>/<position>-<title>.flac", "local:album:<number>",
- * "local:artist:<number>", "podcast+https://podcasts.example/<show>.xml#<position>", "tunein:station:s<number>".
+ * "local:artist:<number>", "podcast+https://podcasts.example/<show>.xml#<position>",
+ * "tunein:station:s<number>".
  */
 class Catalogue final
 {

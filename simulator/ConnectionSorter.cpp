@@ -13,8 +13,7 @@ constexpr int longestHead = 16 * 1024; // bytes
 } // namespace
 
 ConnectionSorter::ConnectionSorter(const QString &webSocketPath, QObject *parent)
-    : QObject(parent)
-    , m_requestLine("GET " + webSocketPath.toLatin1() + ' ')
+    : QObject(parent), m_requestLine("GET " + webSocketPath.toLatin1() + ' ')
 {
     connect(&m_server, &QTcpServer::newConnection, this, &ConnectionSorter::acceptConnections);
 }

@@ -7,9 +7,9 @@
 #include <QTcpServer>
 
 /**
- * One listening port on 127.0.0.1 for both WebSocket and plain HTTP clients: reads the head of the first request
- * without consuming it and hands the socket on, to be owned by whoever takes it. Owned by a simulator, lives on
- * its thread.
+ * One listening port on 127.0.0.1 for both WebSocket and plain HTTP clients: reads the head of the first
+ * request without consuming it and hands the socket on, to be owned by whoever takes it. Owned by a
+ * simulator, lives on its thread.
  */
 class ConnectionSorter final : public QObject
 {

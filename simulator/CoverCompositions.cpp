@@ -82,7 +82,8 @@ Place stripes(QPainter &painter, const CoverPalette &palette, quint64 detail)
 
 Place tiles(QPainter &painter, const CoverPalette &palette, quint64 detail)
 {
-    const std::array<QColor, 5> colours{palette.ground, palette.deep, palette.middle, palette.bright, palette.light};
+    const std::array<QColor, 5> colours{palette.ground, palette.deep, palette.middle, palette.bright,
+                                        palette.light};
     constexpr int cell = 120;
     for (int row = 0; row < 4; ++row) {
         for (int column = 0; column < 5; ++column) {
@@ -108,7 +109,8 @@ Place ridges(QPainter &painter, const CoverPalette &palette, quint64 detail)
     sky.setColorAt(0, palette.light);
     sky.setColorAt(1, palette.bright);
     painter.fillRect(square, sky);
-    const std::array<QColor, 4> colours{palette.bright.darker(115), palette.middle, palette.deep, palette.ground};
+    const std::array<QColor, 4> colours{palette.bright.darker(115), palette.middle, palette.deep,
+                                        palette.ground};
     for (int ridge = 0; ridge < 4; ++ridge) {
         const qreal base = 230 + ridge * 75;
         QPainterPath path(QPointF(0, side));

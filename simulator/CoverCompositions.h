@@ -8,8 +8,8 @@
 class QPainter;
 
 /**
- * The pictures of covers, without type: plain functions that fill a square of `side` units, whatever the painter
- * makes of a unit.
+ * The pictures of covers, without type: plain functions that fill a square of `side` units, whatever the
+ * painter makes of a unit.
  */
 namespace CoverCompositions {
 

@@ -61,9 +61,7 @@ QFont fitting(const QString &text, const QRectF &area, int largest, int flags, q
 } // namespace
 
 CoverPainter::CoverPainter(quint32 seed, const QString &title, const QString &artist)
-    : m_seed(seed)
-    , m_title(title)
-    , m_artist(artist)
+    : m_seed(seed), m_title(title), m_artist(artist)
 {
 }
 

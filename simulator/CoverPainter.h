@@ -8,8 +8,8 @@
 
 /**
  * Draws an album cover that follows from its seed: one of eight compositions in one of ten palettes, with the
- * album's name and the artist's set in type. The same seed gives the same picture at every width. A value; needs a
- * QGuiApplication for its fonts.
+ * album's name and the artist's set in type. The same seed gives the same picture at every width. A value;
+ * needs a QGuiApplication for its fonts.
  */
 class CoverPainter final
 {

@@ -20,5 +20,6 @@ CoverPalette CoverPalette::of(quint64 number)
         {0x202c39, 0x283845, 0xb8b08d, 0xf2d492, 0xf6f4ea},
     }};
     const std::array<QRgb, 5> &colours = palettes.at(number % palettes.size());
-    return {QColor(colours[0]), QColor(colours[1]), QColor(colours[2]), QColor(colours[3]), QColor(colours[4])};
+    return {QColor(colours[0]), QColor(colours[1]), QColor(colours[2]), QColor(colours[3]),
+            QColor(colours[4])};
 }

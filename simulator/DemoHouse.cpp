@@ -36,8 +36,7 @@ QVector<CatalogueTrack> queueOf(const Catalogue &catalogue)
 
 } // namespace
 
-DemoHouse::DemoHouse(QObject *parent)
-    : QObject(parent)
+DemoHouse::DemoHouse(QObject *parent) : QObject(parent)
 {
     followPlaylists();
     connect(&m_device, &DeviceSimulator::clientJoined, this, &DemoHouse::sendAirPlayPictures);
@@ -58,13 +57,15 @@ bool DemoHouse::start(quint16 devicePort)
         return false;
     m_device.setState(state);
     if (!m_device.listen(devicePort))
-        return fail(QStringLiteral("The device cannot listen on port %1").arg(devicePort), m_device.errorString());
+        return fail(QStringLiteral("The device cannot listen on port %1").arg(devicePort),
+                    m_device.errorString());
     return true;
 }
 
 bool DemoHouse::startArtwork()
 {
-    return m_artwork.listen() || fail(QStringLiteral("The artwork server cannot listen"), m_artwork.errorString());
+    return m_artwork.listen()
+        || fail(QStringLiteral("The artwork server cannot listen"), m_artwork.errorString());
 }
 
 bool DemoHouse::startMusicServers(DeviceState &state)
@@ -82,7 +83,8 @@ bool DemoHouse::startMusicServers(DeviceState &state)
         auto *server = new MusicServerSimulator(Catalogue(quint32(source.index)), this);
         m_musicServers.insert(source.index, server);
         if (!server->listen())
-            return fail(QStringLiteral("The music server of %1 cannot listen").arg(source.name), server->errorString());
+            return fail(QStringLiteral("The music server of %1 cannot listen").arg(source.name),
+                        server->errorString());
         furnish(server, source.airPlay.on);
         source.port = QString::number(server->port());
         if (source.airPlay.on)
@@ -131,10 +133,11 @@ void DemoHouse::sendAirPlayPictures()
 // The device only passes these wishes on; the playlist may be on any server.
 void DemoHouse::followPlaylists()
 {
-    connect(&m_device, &DeviceSimulator::playlistRenameRequested, this, [this](const QString &uri, const QString &name) {
-        for (MusicServerSimulator *server : qAsConst(m_musicServers))
-            server->playlists()->rename(uri, name);
-    });
+    connect(&m_device, &DeviceSimulator::playlistRenameRequested, this,
+            [this](const QString &uri, const QString &name) {
+                for (MusicServerSimulator *server : qAsConst(m_musicServers))
+                    server->playlists()->rename(uri, name);
+            });
     connect(&m_device, &DeviceSimulator::playlistDeleteRequested, this, [this](const QString &uri) {
         for (MusicServerSimulator *server : qAsConst(m_musicServers))
             server->playlists()->remove(uri);

@@ -12,9 +12,9 @@
 class MusicServerSimulator;
 
 /**
- * A whole house to show the client with: the device, a music server for each of its players, each with its own
- * music, and the artwork of what is on AirPlay. All on 127.0.0.1, all owned by this object, on its thread; nothing
- * blocks, so it may live in a GUI thread. Needs a QGuiApplication.
+ * A whole house to show the client with: the device, a music server for each of its players, each with its
+ * own music, and the artwork of what is on AirPlay. All on 127.0.0.1, all owned by this object, on its
+ * thread; nothing blocks, so it may live in a GUI thread. Needs a QGuiApplication.
  */
 class DemoHouse final : public QObject
 {

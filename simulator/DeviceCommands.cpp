@@ -98,8 +98,9 @@ Answer associatePlaylist(const QStringList &arguments, DeviceState &state)
     const QVector<int> values = numbers(arguments.mid(1, 1));
     if (values.isEmpty())
         return {};
-    const auto entry = std::find_if(state.playlistEntries.begin(), state.playlistEntries.end(),
-                                    [&values](const PlaylistEntryState &one) { return one.id == values.first(); });
+    const auto entry = std::find_if(
+        state.playlistEntries.begin(), state.playlistEntries.end(),
+        [&values](const PlaylistEntryState &one) { return one.id == values.first(); });
     if (entry == state.playlistEntries.end())
         return {};
     entry->ref = arguments.first();
@@ -108,7 +109,8 @@ Answer associatePlaylist(const QStringList &arguments, DeviceState &state)
 
 } // namespace
 
-QVector<DeviceMessages::Broad> DeviceCommands::apply(int code, const QStringList &arguments, DeviceState &state)
+QVector<DeviceMessages::Broad> DeviceCommands::apply(int code, const QStringList &arguments,
+                                                     DeviceState &state)
 {
     static const std::map<int, Answer (*)(const QStringList &, DeviceState &)> table{
         {SetVolume, setVolume},

@@ -26,10 +26,10 @@ enum Code {
     AssociatePlaylist = 2012
 };
 
-/// Carries out a command that changes something, and returns what is to be announced. `arguments` are its fields
-/// behind "|100|". An unknown code, index or source, too few arguments and text in place of a number change
-/// nothing and return nothing. Values are taken as they come, without bounds. The playlists themselves are the
-/// music server's: renaming and deleting only return the notice.
+/// Carries out a command that changes something, and returns what is to be announced. `arguments` are its
+/// fields behind "|100|". An unknown code, index or source, too few arguments and text in place of a number
+/// change nothing and return nothing. Values are taken as they come, without bounds. The playlists themselves
+/// are the music server's: renaming and deleting only return the notice.
 QVector<DeviceMessages::Broad> apply(int code, const QStringList &arguments, DeviceState &state);
 
 } // namespace DeviceCommands

@@ -12,8 +12,8 @@
 
 namespace {
 
-// Fills the last block by hand, so that the codec's own padding is a whole block that can be cut off again. What
-// is left ends in 2 behind a run of 1: no valid padding, and only its last byte looks like one.
+// Fills the last block by hand, so that the codec's own padding is a whole block that can be cut off again.
+// What is left ends in 2 behind a run of 1: no valid padding, and only its last byte looks like one.
 QByteArray encryptWithWrongPadding(const QString &text)
 {
     const int blockSize = Aes128::blockSize;
@@ -29,10 +29,7 @@ QByteArray encryptWithWrongPadding(const QString &text)
 } // namespace
 
 DeviceConnection::DeviceConnection(QTcpSocket *socket, const LinkFaults &faults, QObject *parent)
-    : QObject(parent)
-    , m_socket(socket)
-    , m_faults(faults)
-    , m_writer(socket, faults, this)
+    : QObject(parent), m_socket(socket), m_faults(faults), m_writer(socket, faults, this)
 {
     m_socket->setParent(this);
     m_socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
@@ -42,7 +39,8 @@ DeviceConnection::DeviceConnection(QTcpSocket *socket, const LinkFaults &faults,
 
 void DeviceConnection::sendPlain(const QString &text)
 {
-    const QByteArray cipher = m_faults.wrongPadding ? encryptWithWrongPadding(text) : FrameCodec::encryptText(text);
+    const QByteArray cipher = m_faults.wrongPadding ? encryptWithWrongPadding(text)
+                                                    : FrameCodec::encryptText(text);
     sendRaw(m_faults.garbageBeforeFrame + cipher + FrameCodec::deviceTerminator);
 }
 

@@ -12,8 +12,8 @@
 #include "simulator/PacedWriter.h"
 
 /**
- * One client of the simulated device: cuts what it sends into messages, and enciphers what it is sent. Owned by
- * the DeviceSimulator, lives on its thread, and owns the socket.
+ * One client of the simulated device: cuts what it sends into messages, and enciphers what it is sent. Owned
+ * by the DeviceSimulator, lives on its thread, and owns the socket.
  */
 class DeviceConnection final : public QObject
 {

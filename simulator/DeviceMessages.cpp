@@ -97,7 +97,7 @@ QVector<DeviceMessages::Broad> DeviceMessages::dump(const DeviceState &state)
 QString DeviceMessages::text(int deviceNumber, const Broad &broad)
 {
     // The fourth field has a place in every announcement and a meaning in none.
-    const QStringList head{QString::number(deviceNumber), QStringLiteral("BROAD"), QString::number(broad.code),
-                           QStringLiteral("100")};
+    const QStringList head{QString::number(deviceNumber), QStringLiteral("BROAD"),
+                           QString::number(broad.code), QStringLiteral("100")};
     return (head + broad.fields).join(QLatin1Char('|'));
 }

@@ -20,8 +20,7 @@ QString withoutCounter(const QString &numbered)
 
 } // namespace
 
-DeviceSimulator::DeviceSimulator(QObject *parent)
-    : QObject(parent)
+DeviceSimulator::DeviceSimulator(QObject *parent) : QObject(parent)
 {
     connect(&m_server, &QTcpServer::newConnection, this, &DeviceSimulator::acceptConnections);
     connect(&m_pollTimer, &QTimer::timeout, this, &DeviceSimulator::poll);

@@ -17,11 +17,11 @@
 class DeviceConnection;
 
 /**
- * A Halvora device on 127.0.0.1: accepts control links, answers logins, tells its state, carries out commands and
- * announces what changed to all clients that have joined.
+ * A Halvora device on 127.0.0.1: accepts control links, answers logins, tells its state, carries out commands
+ * and announces what changed to all clients that have joined.
  *
- * Never blocks; everything happens in the event loop of the thread it lives on. It owns its connections and ends
- * them when it is destroyed.
+ * Never blocks; everything happens in the event loop of the thread it lives on. It owns its connections and
+ * ends them when it is destroyed.
  */
 class DeviceSimulator final : public QObject
 {
@@ -53,15 +53,15 @@ public:
     /// The faults in force; may be changed at any time.
     LinkFaults &faults() { return m_faults; }
 
-    /// From now on only a login with this name and the digest of this password is accepted. Both empty, as at the
-    /// start: every login of a right form is.
+    /// From now on only a login with this name and the digest of this password is accepted. Both empty, as at
+    /// the start: every login of a right form is.
     void setCredentials(const QString &userName, const QString &password);
 
     /// Time between two keep-alive polls in milliseconds, 5000 at the start; 0 or less ends them.
     void setPollInterval(int milliseconds);
 
-    // What a person does at the device itself: changes the state and announces it. An unknown index changes and
-    // announces nothing.
+    // What a person does at the device itself: changes the state and announces it. An unknown index changes
+    // and announces nothing.
     void setVolume(int outputIndex, int volume);
     void setMute(int outputIndex, bool mute);
     void setEqualizer(int outputIndex, int bass, int middle, int treble, int loudness);
@@ -85,9 +85,9 @@ public:
     void dropAll();
 
     // The record of what clients sent, in order of arrival over all connections.
-    QStringList messages() const;                                      ///< without the client's counter
-    QStringList numberedMessages() const { return m_received; }        ///< with it: "0|CONNECT|..."
-    QList<QByteArray> receivedFrames() const { return m_frames; }      ///< enciphered, without terminators
+    QStringList messages() const;                                 ///< without the client's counter
+    QStringList numberedMessages() const { return m_received; }   ///< with it: "0|CONNECT|..."
+    QList<QByteArray> receivedFrames() const { return m_frames; } ///< enciphered, without terminators
     void clearReceived();
 
     int liveConnections() const { return m_connections.size(); }
@@ -101,8 +101,8 @@ Q_SIGNALS:
     void clientJoined();
     void clientDisconnected();
 
-    /// The playlists live on the music servers: connect these directly to whatever follows them, as the notice
-    /// of the change goes out right after.
+    /// The playlists live on the music servers: connect these directly to whatever follows them, as the
+    /// notice of the change goes out right after.
     void playlistRenameRequested(const QString &uri, const QString &newName);
     void playlistDeleteRequested(const QString &uri);
 

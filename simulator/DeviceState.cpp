@@ -48,8 +48,8 @@ QVector<SourceState> demoSources()
     turntable.index = 7;
     turntable.name = QStringLiteral("Turntable");
     turntable.volume = 70;
-    return {playerSource(2, QStringLiteral("House Music"), 80), playerSource(3, QStringLiteral("Jukebox"), 75),
-            guests, turntable};
+    return {playerSource(2, QStringLiteral("House Music"), 80),
+            playerSource(3, QStringLiteral("Jukebox"), 75), guests, turntable};
 }
 
 } // namespace

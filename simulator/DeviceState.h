@@ -8,8 +8,8 @@
 
 /**
  * What the simulated device knows of itself: plain values that may be copied, compared by hand and changed at
- * will. The indexes are the device's own numbers; they need neither start at 0 nor be without gaps. Texts must
- * hold neither "|" nor "@", as the link has no escaping; nothing here checks that.
+ * will. The indexes are the device's own numbers; they need neither start at 0 nor be without gaps. Texts
+ * must hold neither "|" nor "@", as the link has no escaping; nothing here checks that.
  */
 
 /// What AirPlay plays on a source. The texts are only sent while `on` is set.
@@ -29,7 +29,7 @@ struct OutputState
     QString name;
     int volume = 0; ///< 0 to 100
     bool mute = false;
-    int bass = 0;     ///< -20 to 20, as middle and treble
+    int bass = 0; ///< -20 to 20, as middle and treble
     int middle = 0;
     int treble = 0;
     int loudness = 0; ///< -20 to 20
@@ -64,9 +64,9 @@ struct DeviceState
     QVector<SourceState> sources;
     QVector<PlaylistEntryState> playlistEntries;
 
-    /// A house with six outputs (1, 2, 3, 5, 8, 9), four sources (2, 3, 5, 7; 7 has no player, 5 is on AirPlay)
-    /// and four preset slots. The players' ports and the AirPlay picture are empty: whoever starts the servers
-    /// fills them in.
+    /// A house with six outputs (1, 2, 3, 5, 8, 9), four sources (2, 3, 5, 7; 7 has no player, 5 is on
+    /// AirPlay) and four preset slots. The players' ports and the AirPlay picture are empty: whoever starts
+    /// the servers fills them in.
     static DeviceState demo();
 
     /// The output or source of that index, null when there is none. Valid until the vectors change.

@@ -8,14 +8,13 @@
 namespace {
 
 constexpr int tickMs = 10;
-constexpr int longestHead = 64 * 1024;  // bytes
-constexpr int mostUnsent = 256 * 1024;  // bytes; an endless body must not fill the memory of a slow client's server
+constexpr int longestHead = 64 * 1024; // bytes
+constexpr int mostUnsent = 256
+    * 1024; // bytes; an endless body must not fill the memory of a slow client's server
 
 } // namespace
 
-HttpConnection::HttpConnection(QTcpSocket *socket, QObject *parent)
-    : QObject(parent)
-    , m_socket(socket)
+HttpConnection::HttpConnection(QTcpSocket *socket, QObject *parent) : QObject(parent), m_socket(socket)
 {
     m_socket->setParent(this);
     m_tick.setInterval(tickMs);

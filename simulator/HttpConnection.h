@@ -11,8 +11,8 @@
 #include "simulator/HttpResponse.h"
 
 /**
- * The server's end of one HTTP/1.1 connection: takes requests one after the other, each when the one before has
- * been answered in full. Owns the socket and deletes itself when that ends; lives on its server's thread.
+ * The server's end of one HTTP/1.1 connection: takes requests one after the other, each when the one before
+ * has been answered in full. Owns the socket and deletes itself when that ends; lives on its server's thread.
  */
 class HttpConnection final : public QObject
 {

@@ -9,7 +9,8 @@ QByteArray HttpResponse::head() const
     if (!location.isEmpty())
         text += "Location: " + location + "\r\n";
     if (!isEndless)
-        text += "Content-Length: " + QByteArray::number(announcedLength < 0 ? body.size() : announcedLength) + "\r\n";
+        text += "Content-Length: " + QByteArray::number(announcedLength < 0 ? body.size() : announcedLength)
+            + "\r\n";
     text += isEndless || closeAfter ? "Connection: close\r\n" : "Connection: keep-alive\r\n";
     return text + "\r\n";
 }

@@ -13,10 +13,10 @@ struct HttpResponse
     QByteArray location; ///< for a redirect, empty otherwise
     QByteArray body;
 
-    int announcedLength = -1;  ///< -1: the body's own
-    bool isEndless = false;    ///< repeats the body for ever, without an announced length
-    bool closeAfter = false;   ///< ends the connection behind the body
-    int bytesPerTick = 0;      ///< size of a piece every 10 ms, 0: all at once
+    int announcedLength = -1; ///< -1: the body's own
+    bool isEndless = false;   ///< repeats the body for ever, without an announced length
+    bool closeAfter = false;  ///< ends the connection behind the body
+    int bytesPerTick = 0;     ///< size of a piece every 10 ms, 0: all at once
     int delayMs = 0;
 
     /// The head with its empty line.

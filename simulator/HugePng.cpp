@@ -37,5 +37,6 @@ QByteArray HugePng::bytes(quint32 width)
     const QByteArray header = bigEndian(width) + bigEndian(width) + QByteArray::fromHex("0806000000");
     // The length that qCompress() puts in front is no part of the stream.
     const QByteArray pixels = qCompress(QByteArray(1024, '\0')).mid(4);
-    return QByteArray::fromHex("89504e470d0a1a0a") + chunk("IHDR", header) + chunk("IDAT", pixels) + chunk("IEND", {});
+    return QByteArray::fromHex("89504e470d0a1a0a") + chunk("IHDR", header) + chunk("IDAT", pixels)
+        + chunk("IEND", {});
 }

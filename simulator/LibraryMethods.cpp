@@ -43,7 +43,8 @@ RpcReply lookup(const Catalogue &catalogue, const QJsonObject &parameters)
 
 RpcReply search(const Catalogue &catalogue, const QJsonObject &parameters)
 {
-    const QString text = parameters.value(QStringLiteral("query")).toObject().value(QStringLiteral("any")).toString();
+    const QString text =
+        parameters.value(QStringLiteral("query")).toObject().value(QStringLiteral("any")).toString();
     if (text.isEmpty()) {
         return RpcReply::applicationError(QStringLiteral("ValidationError"),
                                           QStringLiteral("Expected \"any\" to be list of strings, not ''"));

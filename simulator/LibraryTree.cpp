@@ -53,7 +53,8 @@ QJsonArray tracks(const Catalogue &catalogue, int from, int to)
 QJsonArray albums(const Catalogue &catalogue, int from, int to)
 {
     QJsonArray rows;
-    for (int position = from; position < qMin(to, catalogue.trackCount()); position += Catalogue::tracksPerAlbum)
+    for (int position = from; position < qMin(to, catalogue.trackCount());
+         position += Catalogue::tracksPerAlbum)
         rows << albumRef(catalogue.track(position));
     return rows;
 }
@@ -171,13 +172,14 @@ QJsonArray LibraryTree::lookup(const Catalogue &catalogue, const QString &uri)
         return found;
     }
     const int first = catalogue.firstTrackOfAlbum(uri);
-    for (int position = first; first >= 0 && position < qMin(first + Catalogue::tracksPerAlbum, catalogue.trackCount());
-         ++position)
+    for (int position = first;
+         first >= 0 && position < qMin(first + Catalogue::tracksPerAlbum, catalogue.trackCount()); ++position)
         found << MopidyModels::track(catalogue.track(position));
     return found;
 }
 
-QJsonArray LibraryTree::search(const Catalogue &catalogue, const QString &text, const QStringList &schemes, int most)
+QJsonArray LibraryTree::search(const Catalogue &catalogue, const QString &text, const QStringList &schemes,
+                               int most)
 {
     QJsonArray results;
     if (isWanted(QStringLiteral("local:"), schemes))

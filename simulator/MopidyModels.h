@@ -9,8 +9,8 @@
 #include "simulator/Catalogue.h"
 
 /**
- * The music server's JSON for its models, "__model__" keys included. As the server does, keys without a value are
- * left out. Plain functions.
+ * The music server's JSON for its models, "__model__" keys included. As the server does, keys without a value
+ * are left out. Plain functions.
  */
 namespace MopidyModels {
 

@@ -22,7 +22,8 @@ QString compact(const QJsonObject &object)
 
 QString parseError()
 {
-    const QJsonObject error{{QStringLiteral("code"), -32700}, {QStringLiteral("message"), QStringLiteral("Parse error")}};
+    const QJsonObject error{{QStringLiteral("code"), -32700},
+                            {QStringLiteral("message"), QStringLiteral("Parse error")}};
     return compact({{QStringLiteral("jsonrpc"), QStringLiteral("2.0")},
                     {QStringLiteral("id"), QJsonValue::Null},
                     {QStringLiteral("error"), error}});
@@ -41,13 +42,14 @@ QString replyText(const QJsonValue &id, const RpcReply &outcome)
 } // namespace
 
 MusicServerSimulator::MusicServerSimulator(const Catalogue &catalogue, QObject *parent)
-    : QObject(parent)
-    , m_catalogue(catalogue)
-    , m_playback(&m_tracklist, nullptr)
-    , m_uriSchemes{QStringLiteral("file"), QStringLiteral("http"), QStringLiteral("https"), QStringLiteral("local"),
-                   QStringLiteral("m3u"), QStringLiteral("podcast"), QStringLiteral("tunein")}
-    , m_door(QStringLiteral("/mopidy/ws"), nullptr)
-    , m_webSockets(QStringLiteral("Mopidy"), QWebSocketServer::NonSecureMode)
+    : QObject(parent),
+      m_catalogue(catalogue),
+      m_playback(&m_tracklist, nullptr),
+      m_uriSchemes{QStringLiteral("file"),  QStringLiteral("http"), QStringLiteral("https"),
+                   QStringLiteral("local"), QStringLiteral("m3u"),  QStringLiteral("podcast"),
+                   QStringLiteral("tunein")},
+      m_door(QStringLiteral("/mopidy/ws"), nullptr),
+      m_webSockets(QStringLiteral("Mopidy"), QWebSocketServer::NonSecureMode)
 {
     RpcMethods::addPlayback(m_methods, &m_playback);
     RpcMethods::addTracklist(m_methods, &m_tracklist, &m_playback, m_catalogue);
@@ -70,13 +72,16 @@ MusicServerSimulator::~MusicServerSimulator()
 
 void MusicServerSimulator::connectParts()
 {
-    connect(&m_door, &ConnectionSorter::webSocketRequested, &m_webSockets, &QWebSocketServer::handleConnection);
+    connect(&m_door, &ConnectionSorter::webSocketRequested, &m_webSockets,
+            &QWebSocketServer::handleConnection);
     connect(&m_door, &ConnectionSorter::plainRequested, &m_artwork, &ArtworkServer::adopt);
     connect(&m_webSockets, &QWebSocketServer::newConnection, this, &MusicServerSimulator::acceptSockets);
 
     connect(&m_playback, &Playback::eventRaised, this, &MusicServerSimulator::sendEvent);
-    connect(&m_tracklist, &Tracklist::changed, this, [this] { sendEvent(QStringLiteral("tracklist_changed")); });
-    connect(&m_tracklist, &Tracklist::optionsChanged, this, [this] { sendEvent(QStringLiteral("options_changed")); });
+    connect(&m_tracklist, &Tracklist::changed, this,
+            [this] { sendEvent(QStringLiteral("tracklist_changed")); });
+    connect(&m_tracklist, &Tracklist::optionsChanged, this,
+            [this] { sendEvent(QStringLiteral("options_changed")); });
     connect(&m_playlists, &PlaylistShelf::playlistChanged, this, [this](const ShelfPlaylist &playlist) {
         const QJsonObject model = MopidyModels::playlist(playlist.uri, playlist.name);
         sendEvent(QStringLiteral("playlist_changed"), {{QStringLiteral("playlist"), model}});
@@ -111,7 +116,10 @@ void MusicServerSimulator::sendEvent(const QString &name, const QJsonObject &fie
 {
     QJsonObject event = fields;
     event.insert(QStringLiteral("event"), name);
-    sendText(compact(event));
+    if (m_holdsEvents)
+        m_heldEvents << compact(event);
+    else
+        sendText(compact(event));
 }
 
 void MusicServerSimulator::sendText(const QString &text)
@@ -178,10 +186,20 @@ void MusicServerSimulator::handleText(QWebSocket *socket, const QString &text)
         socket->abort();
         return;
     }
-    // The events of a request go out while it runs, so they arrive before its reply.
+    carryOut(socket, request);
+}
+
+void MusicServerSimulator::carryOut(QWebSocket *socket, const ReceivedRequest &request)
+{
+    m_holdsEvents = !m_faults.eventsFirst;
     const RpcReply result = outcome(request);
+    m_holdsEvents = false;
     if (!request.id.isUndefined())
         reply(socket, request, result);
+    const QStringList events = m_heldEvents;
+    m_heldEvents.clear();
+    for (const QString &event : events)
+        sendText(event);
 }
 
 RpcReply MusicServerSimulator::outcome(const ReceivedRequest &request)

@@ -29,11 +29,11 @@ struct ReceivedRequest
 };
 
 /**
- * A Mopidy server on 127.0.0.1: JSON-RPC over the WebSocket at "/mopidy/ws", and on the same port the pictures
- * that it names. It plays in time, but makes no sound.
+ * A Mopidy server on 127.0.0.1: JSON-RPC over the WebSocket at "/mopidy/ws", and on the same port the
+ * pictures that it names. It plays in time, but makes no sound.
  *
- * Never blocks; everything happens in the event loop of the thread it lives on. It owns all its parts and ends its
- * connections when it is destroyed. Drawing covers needs a QGuiApplication.
+ * Never blocks; everything happens in the event loop of the thread it lives on. It owns all its parts and
+ * ends its connections when it is destroyed. Drawing covers needs a QGuiApplication.
  */
 class MusicServerSimulator final : public QObject
 {
@@ -50,7 +50,7 @@ public:
     bool listenAgain();                      ///< on the port it had before
     void refuseFor(int milliseconds);        ///< stops listening and takes it up again by itself
     QString errorString() const { return m_door.errorString(); }
-    QString host() const;                    ///< "127.0.0.1"
+    QString host() const; ///< "127.0.0.1"
     quint16 port() const { return m_door.port(); }
 
     const Catalogue &catalogue() const { return m_catalogue; }
@@ -70,7 +70,7 @@ public:
     /// RemoveForm::Criteria at the start, as today's servers have it.
     void setRemoveForm(RemoveForm form);
 
-    /// Sends an event to every client; `fields` without the name.
+    /// Sends an event to every client; `fields` without the name. What a request causes waits for its reply.
     void sendEvent(const QString &name, const QJsonObject &fields = {});
 
     /// Sends any text to every client.
@@ -100,6 +100,7 @@ private:
     void acceptSockets();
     void forget(QWebSocket *socket);
     void handleText(QWebSocket *socket, const QString &text);
+    void carryOut(QWebSocket *socket, const ReceivedRequest &request);
     RpcReply outcome(const ReceivedRequest &request);
     void reply(QWebSocket *socket, const ReceivedRequest &request, const RpcReply &outcome);
 
@@ -116,4 +117,6 @@ private:
     QList<QWebSocket *> m_sockets;
     QList<ReceivedRequest> m_requests;
     int m_acceptedSockets = 0;
+    bool m_holdsEvents = false;
+    QStringList m_heldEvents;
 };

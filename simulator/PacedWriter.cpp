@@ -6,9 +6,7 @@
 #include <algorithm>
 
 PacedWriter::PacedWriter(QTcpSocket *socket, const LinkFaults &faults, QObject *parent)
-    : QObject(parent)
-    , m_socket(socket)
-    , m_faults(faults)
+    : QObject(parent), m_socket(socket), m_faults(faults)
 {
     m_turn.setSingleShot(true);
     m_turn.setTimerType(Qt::PreciseTimer);

@@ -12,8 +12,9 @@
 #include "simulator/LinkFaults.h"
 
 /**
- * Writes a stream of bytes to a socket from the event loop, in the pieces that the faults ask for: what is queued
- * within one turn goes out as one write unless it is to be split. Owned by a connection, lives on its thread.
+ * Writes a stream of bytes to a socket from the event loop, in the pieces that the faults ask for: what is
+ * queued within one turn goes out as one write unless it is to be split. Owned by a connection, lives on its
+ * thread.
  */
 class PacedWriter final : public QObject
 {

@@ -24,9 +24,7 @@ QString nameOf(Playback::State state)
 
 } // namespace
 
-Playback::Playback(Tracklist *tracklist, QObject *parent)
-    : QObject(parent)
-    , m_tracklist(tracklist)
+Playback::Playback(Tracklist *tracklist, QObject *parent) : QObject(parent), m_tracklist(tracklist)
 {
     m_trackEnd.setSingleShot(true);
     connect(&m_trackEnd, &QTimer::timeout, this, &Playback::endOfTrack);
@@ -80,13 +78,13 @@ void Playback::resume()
     raise(QStringLiteral("resumed"), m_position);
 }
 
+// That the track has ended is only reported when the next one begins.
 void Playback::stop()
 {
     if (m_state == State::Stopped)
         return;
-    stopClock(timePosition());
+    stopClock(0);
     setState(State::Stopped);
-    raise(QStringLiteral("ended"), m_position);
     m_streamTitle.clear();
 }
 
@@ -133,21 +131,18 @@ void Playback::setTimeScale(double scale)
         restartClock(position);
 }
 
-// Leaves what plays and takes the entry up in the given state, from its start.
+// Leaves the current entry and takes another one up from its start. What is to be paused plays for a moment,
+// and clients hear of it.
 void Playback::begin(int tlid, State state)
 {
-    if (m_state != State::Stopped)
-        raise(QStringLiteral("ended"), timePosition());
+    raise(QStringLiteral("ended"), timePosition());
     m_streamTitle.clear();
     m_current = *m_tracklist->entry(tlid);
-    setState(state);
-    if (state == State::Playing) {
-        restartClock(0);
-        raise(QStringLiteral("started"));
-    } else {
-        stopClock(0);
-        raise(QStringLiteral("paused"), 0);
-    }
+    setState(State::Playing);
+    restartClock(0);
+    raise(QStringLiteral("started"));
+    if (state == State::Paused)
+        pause();
 }
 
 // A skip by hand: what was paused stays so, what was stopped merely points at another entry.
@@ -155,7 +150,7 @@ void Playback::moveTo(int tlid)
 {
     if (tlid == 0) {
         stop();
-        forgetCurrent();
+        endOfStream();
     } else if (m_state == State::Stopped) {
         m_current = *m_tracklist->entry(tlid);
     } else {
@@ -165,7 +160,20 @@ void Playback::moveTo(int tlid)
 
 void Playback::endOfTrack()
 {
-    moveTo(m_tracklist->following(m_current.tlid));
+    const int next = m_tracklist->following(m_current.tlid);
+    if (next == 0)
+        endOfStream();
+    else
+        begin(next, State::Playing);
+}
+
+void Playback::endOfStream()
+{
+    const qint64 reached = timePosition();
+    stopClock(0);
+    setState(State::Stopped);
+    raise(QStringLiteral("ended"), reached);
+    forgetCurrent();
 }
 
 void Playback::forgetCurrent()
@@ -174,7 +182,8 @@ void Playback::forgetCurrent()
     m_trackEnd.stop();
 }
 
-// The server keeps its state when the playing entry is taken away from under it, but not when the list is empty.
+// The server keeps its state when the playing entry is taken away from under it, but not when the list is
+// empty.
 void Playback::tracklistChanged()
 {
     if (m_tracklist->entries().isEmpty())
@@ -188,8 +197,9 @@ void Playback::setState(State state)
 {
     const State before = m_state;
     m_state = state;
-    Q_EMIT eventRaised(QStringLiteral("playback_state_changed"),
-                       {{QStringLiteral("old_state"), nameOf(before)}, {QStringLiteral("new_state"), nameOf(state)}});
+    Q_EMIT eventRaised(
+        QStringLiteral("playback_state_changed"),
+        {{QStringLiteral("old_state"), nameOf(before)}, {QStringLiteral("new_state"), nameOf(state)}});
 }
 
 void Playback::raise(const QString &what, qint64 position)

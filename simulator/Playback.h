@@ -27,19 +27,19 @@ public:
     Playback(Tracklist *tracklist, QObject *parent);
 
     State state() const { return m_state; }
-    QString stateName() const; ///< "stopped", "paused" or "playing"
+    QString stateName() const;                         ///< "stopped", "paused" or "playing"
     int currentTlid() const { return m_current.tlid; } ///< 0 when there is no current track
     const TracklistEntry &current() const { return m_current; }
     qint64 timePosition() const; ///< milliseconds; 0 when stopped
 
-    /// Plays this entry; 0: what is paused goes on, otherwise the current or the first one starts. An unknown tlid
-    /// counts as 0.
+    /// Plays this entry; 0: what is paused goes on, otherwise the current or the first one starts. An unknown
+    /// tlid counts as 0.
     void play(int tlid = 0);
     void pause();  ///< does nothing unless it plays
     void resume(); ///< does nothing unless it is paused
     void stop();
-    void next();     ///< at the end of the list it stops
-    void previous(); ///< at the start of the list it stops
+    void next();                ///< at the end of the list it stops
+    void previous();            ///< at the start of the list it stops
     bool seek(qint64 position); ///< milliseconds, past the end: next(); false when nothing is current
 
     /// What a radio station says is on; empty for nothing. Each call is an event.
@@ -57,6 +57,7 @@ private:
     void begin(int tlid, State state);
     void moveTo(int tlid);
     void endOfTrack();
+    void endOfStream();
     void forgetCurrent();
     void tracklistChanged();
     void setState(State state);

@@ -20,8 +20,9 @@ void addAction(RpcTable &table, const QString &name, Playback *playback, void (P
 
 void addQuery(RpcTable &table, const QString &name, const std::function<QJsonValue()> &query)
 {
-    table.add(QStringLiteral("core.playback.") + name, {},
-              [query](const QJsonObject &) { return RpcReply{query(), {}}; });
+    table.add(QStringLiteral("core.playback.") + name, {}, [query](const QJsonObject &) {
+        return RpcReply{query(), {}};
+    });
 }
 
 RpcReply play(Playback *playback, const QJsonObject &parameters)

@@ -11,7 +11,8 @@
 
 namespace {
 
-using Handler = QJsonValue (*)(PlaylistShelf *playlists, const Catalogue &catalogue, const QJsonObject &parameters);
+using Handler = QJsonValue (*)(PlaylistShelf *playlists, const Catalogue &catalogue,
+                               const QJsonObject &parameters);
 
 QString nameOf(const Catalogue &catalogue, const QString &uri)
 {

@@ -11,15 +11,13 @@ namespace {
 
 QString uriOf(const QString &name)
 {
-    return QStringLiteral("m3u:") + QString::fromLatin1(QUrl::toPercentEncoding(name)) + QStringLiteral(".m3u8");
+    return QStringLiteral("m3u:") + QString::fromLatin1(QUrl::toPercentEncoding(name))
+        + QStringLiteral(".m3u8");
 }
 
 } // namespace
 
-PlaylistShelf::PlaylistShelf(QObject *parent)
-    : QObject(parent)
-{
-}
+PlaylistShelf::PlaylistShelf(QObject *parent) : QObject(parent) { }
 
 const ShelfPlaylist *PlaylistShelf::find(const QString &uri) const
 {

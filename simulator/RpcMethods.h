@@ -10,12 +10,13 @@ class PlaylistShelf;
 class RpcTable;
 class Tracklist;
 
-/// Which form of "core.tracklist.remove" the server understands; the other one is refused as an unknown argument.
+/// Which form of "core.tracklist.remove" the server understands; the other one is refused as an unknown
+/// argument.
 enum class RemoveForm { Tlid, Criteria };
 
 /**
- * The music server's methods by topic, each topic in a source of its own. Every function adds its methods to the
- * table; what it is given by pointer or reference must outlive the table.
+ * The music server's methods by topic, each topic in a source of its own. Every function adds its methods to
+ * the table; what it is given by pointer or reference must outlive the table.
  */
 namespace RpcMethods {
 

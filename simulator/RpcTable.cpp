@@ -10,15 +10,15 @@ namespace {
 RpcReply failure(int code, const QString &message, const QJsonValue &data)
 {
     RpcReply reply;
-    reply.error = {{QStringLiteral("code"), code},
-                   {QStringLiteral("message"), message},
-                   {QStringLiteral("data"), data}};
+    reply.error = {
+        {QStringLiteral("code"), code}, {QStringLiteral("message"), message}, {QStringLiteral("data"), data}};
     return reply;
 }
 
 QJsonObject exception(const QString &type, const QString &message)
 {
-    return {{QStringLiteral("type"), type}, {QStringLiteral("message"), message},
+    return {{QStringLiteral("type"), type},
+            {QStringLiteral("message"), message},
             {QStringLiteral("traceback"), QStringLiteral("Traceback (most recent call last): ...")}};
 }
 
@@ -36,7 +36,8 @@ RpcReply RpcReply::invalidParameters(const QString &message)
 
 RpcReply RpcReply::unknownMethod(const QString &method)
 {
-    return failure(-32601, QStringLiteral("Method not found"), QStringLiteral("No object found at '%1'").arg(method));
+    return failure(-32601, QStringLiteral("Method not found"),
+                   QStringLiteral("No object found at '%1'").arg(method.section(QLatin1Char('.'), 0, -2)));
 }
 
 void RpcTable::add(const QString &method, const QStringList &parameters, const Handler &handler)
@@ -54,7 +55,8 @@ RpcReply RpcTable::call(const QString &method, const QJsonValue &parameters) con
     QJsonObject named = parameters.toObject();
     const QJsonArray places = parameters.toArray();
     if (places.size() > known.size())
-        return RpcReply::invalidParameters(QStringLiteral("%1() got too many positional arguments").arg(shortName));
+        return RpcReply::invalidParameters(
+            QStringLiteral("%1() got too many positional arguments").arg(shortName));
     for (int place = 0; place < places.size(); ++place)
         named.insert(known.at(place), places.at(place));
     const QStringList names = named.keys();

@@ -23,8 +23,8 @@ struct RpcReply
 };
 
 /**
- * The methods of the simulated music server by name. Filled once by the server, which owns it; calls run at once
- * on the caller's thread.
+ * The methods of the simulated music server by name. Filled once by the server, which owns it; calls run at
+ * once on the caller's thread.
  */
 class RpcTable final
 {
@@ -35,8 +35,8 @@ public:
     /// Adds or replaces a method with the parameters that it knows, in their order.
     void add(const QString &method, const QStringList &parameters, const Handler &handler);
 
-    /// Runs a method. Parameters come by name or by place. An unknown method, an unknown name or too many places
-    /// give the errors that the server gives.
+    /// Runs a method. Parameters come by name or by place. An unknown method, an unknown name or too many
+    /// places give the errors that the server gives.
     RpcReply call(const QString &method, const QJsonValue &parameters) const;
 
 private:

@@ -20,8 +20,12 @@ struct ServerFaults
     bool errorReply = false;  ///< an error in place of the result; the request is not carried out
     bool doubleReply = false; ///< every reply twice
     bool replyNoJson = false; ///< a text that is no JSON in place of the reply
-    int dropAtRequest = -1;   ///< ends the connection over the request of this number (0: the next); counts down
-    int replyDelayMs = 0;     ///< replies this late; events are not delayed
+    int dropAtRequest =
+        -1;               ///< ends the connection over the request of this number (0: the next); counts down
+    int replyDelayMs = 0; ///< replies this late; events are not delayed
+
+    /// The events of a request arrive before its reply; otherwise right behind it. The real server does both.
+    bool eventsFirst = false;
 
     /// What stands in place of the "result" of a method, by its full name, whatever `methods` says.
     QHash<QString, QJsonValue> results;

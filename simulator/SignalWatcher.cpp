@@ -27,8 +27,7 @@ int readingEnd()
 } // namespace
 
 SignalWatcher::SignalWatcher(QObject *parent)
-    : QObject(parent)
-    , m_notifier(readingEnd(), QSocketNotifier::Read)
+    : QObject(parent), m_notifier(readingEnd(), QSocketNotifier::Read)
 {
     connect(&m_notifier, &QSocketNotifier::activated, this, [this] {
         m_notifier.setEnabled(false);

@@ -7,8 +7,8 @@
 #include <QSocketNotifier>
 
 /**
- * Turns SIGINT and SIGTERM into a signal of the event loop. One object per process, on the main thread, made by
- * main(); the handlers stay until the process ends.
+ * Turns SIGINT and SIGTERM into a signal of the event loop. One object per process, on the main thread, made
+ * by main(); the handlers stay until the process ends.
  */
 class SignalWatcher final : public QObject
 {

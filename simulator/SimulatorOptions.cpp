@@ -20,7 +20,8 @@ void readPort(const QString &text, SimulatorOptions &options)
 {
     const int port = portOf(text, 0);
     if (port < 0)
-        options.error = QStringLiteral("\"%1\" is no port: give a number from 0 to 65535 after --port.").arg(text);
+        options.error = QStringLiteral("\"%1\" is no port: give a number from 0 to 65535 after --port.")
+                            .arg(text);
     else
         options.port = quint16(port);
 }
@@ -34,7 +35,8 @@ void readMopidy(const QString &text, SimulatorOptions &options)
     const bool isSendable = !host.contains(QLatin1Char('|')) && !host.contains(QLatin1Char('@'));
     if (colon < 1 || port < 0 || !isSendable) {
         options.error = QStringLiteral("\"%1\" is no server: give HOST:PORT after --mopidy, "
-                                       "such as 127.0.0.1:6680.").arg(text);
+                                       "such as 127.0.0.1:6680.")
+                            .arg(text);
         return;
     }
     options.mopidyHost = host;
@@ -50,11 +52,12 @@ QString sentence(QString text)
 
 SimulatorOptions SimulatorOptions::parse(const QStringList &arguments)
 {
-    const QCommandLineOption portOption(QStringLiteral("port"),
-                                        QStringLiteral("Port of the device; 0, the default, lets the system choose."),
-                                        QStringLiteral("N"));
+    const QCommandLineOption portOption(
+        QStringLiteral("port"), QStringLiteral("Port of the device; 0, the default, lets the system choose."),
+        QStringLiteral("N"));
     const QCommandLineOption mopidyOption(
-        QStringLiteral("mopidy"), QStringLiteral("Announce this Mopidy server as the player of the first source."),
+        QStringLiteral("mopidy"),
+        QStringLiteral("Announce this Mopidy server as the player of the first source."),
         QStringLiteral("HOST:PORT"));
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(

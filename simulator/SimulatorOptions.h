@@ -11,8 +11,8 @@
  */
 struct SimulatorOptions
 {
-    quint16 port = 0;      ///< of the device; 0: chosen by the system
-    QString mopidyHost;    ///< empty: no real server
+    quint16 port = 0;   ///< of the device; 0: chosen by the system
+    QString mopidyHost; ///< empty: no real server
     quint16 mopidyPort = 0;
 
     QString answer; ///< text to print in place of running (help, version); empty: run

@@ -7,10 +7,7 @@
 
 #include "simulator/Words.h"
 
-Tracklist::Tracklist(QObject *parent)
-    : QObject(parent)
-{
-}
+Tracklist::Tracklist(QObject *parent) : QObject(parent) { }
 
 int Tracklist::position(int tlid) const
 {

@@ -17,8 +17,8 @@ struct TracklistEntry
 
 /**
  * The queue of the simulated music server: its entries in order, and the two options that decide what follows
- * what. Owned by the MusicServerSimulator, lives on its thread. Entries are known by their tlid, which counts from
- * 1 and is never used twice.
+ * what. Owned by the MusicServerSimulator, lives on its thread. Entries are known by their tlid, which counts
+ * from 1 and is never used twice.
  */
 class Tracklist final : public QObject
 {
@@ -33,8 +33,8 @@ public:
     int position(int tlid) const;
     const TracklistEntry *entry(int tlid) const; ///< null when there is none; valid until the list changes
 
-    /// Inserts before `position`; negative or beyond the end: appends. Returns what was added. An empty list of
-    /// tracks changes nothing.
+    /// Inserts before `position`; negative or beyond the end: appends. Returns what was added. An empty list
+    /// of tracks changes nothing.
     QVector<TracklistEntry> add(const QVector<CatalogueTrack> &tracks, int position = -1);
 
     /// Removes what is there of these; reports a change for each that was. Returns what was removed.
@@ -46,8 +46,8 @@ public:
     void setRandom(bool random);
     void setRepeat(bool repeat);
 
-    /// The tlid that follows or precedes `tlid` under the options, 0 for none. At random, each entry comes once
-    /// before any comes again, in an order that is the same in every run.
+    /// The tlid that follows or precedes `tlid` under the options, 0 for none. At random, each entry comes
+    /// once before any comes again, in an order that is the same in every run.
     int following(int tlid);
     int preceding(int tlid) const;
 

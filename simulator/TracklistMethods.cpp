@@ -45,8 +45,9 @@ QVector<int> integers(const QJsonValue &value)
 void addOption(RpcTable &table, const QString &name, Tracklist *tracklist, bool (Tracklist::*get)() const,
                void (Tracklist::*set)(bool))
 {
-    table.add(QStringLiteral("core.tracklist.get_") + name, {},
-              [tracklist, get](const QJsonObject &) { return RpcReply{(tracklist->*get)(), {}}; });
+    table.add(QStringLiteral("core.tracklist.get_") + name, {}, [tracklist, get](const QJsonObject &) {
+        return RpcReply{(tracklist->*get)(), {}};
+    });
     table.add(QStringLiteral("core.tracklist.set_") + name, {QStringLiteral("value")},
               [tracklist, set](const QJsonObject &parameters) {
                   const QJsonValue value = parameters.value(QStringLiteral("value"));
@@ -58,7 +59,8 @@ void addOption(RpcTable &table, const QString &name, Tracklist *tracklist, bool 
               });
 }
 
-// A uri that nobody knows adds nothing, and an album's adds nothing either: only what can be played is looked up.
+// A uri that nobody knows adds nothing, and an album's adds nothing either: only what can be played is looked
+// up.
 RpcReply add(Tracklist *tracklist, const Catalogue &catalogue, const QJsonObject &parameters)
 {
     QVector<CatalogueTrack> found;
@@ -75,28 +77,38 @@ RpcReply add(Tracklist *tracklist, const Catalogue &catalogue, const QJsonObject
 RpcReply index(const Tracklist *tracklist, const Playback *playback, const QJsonObject &parameters)
 {
     const QJsonObject tlTrack = parameters.value(QStringLiteral("tl_track")).toObject();
-    const int asked = parameters.value(QStringLiteral("tlid")).toInt(tlTrack.value(QStringLiteral("tlid")).toInt());
+    const int asked = parameters.value(QStringLiteral("tlid"))
+                          .toInt(tlTrack.value(QStringLiteral("tlid")).toInt());
     const int position = tracklist->position(asked != 0 ? asked : playback->currentTlid());
     return {position < 0 ? QJsonValue() : QJsonValue(position), {}};
 }
 
 } // namespace
 
-void RpcMethods::addTracklist(RpcTable &table, Tracklist *tracklist, Playback *playback, const Catalogue &catalogue)
+void RpcMethods::addTracklist(RpcTable &table, Tracklist *tracklist, Playback *playback,
+                              const Catalogue &catalogue)
 {
     addOption(table, QStringLiteral("random"), tracklist, &Tracklist::isRandom, &Tracklist::setRandom);
     addOption(table, QStringLiteral("repeat"), tracklist, &Tracklist::isRepeat, &Tracklist::setRepeat);
 
-    table.add(method("get_tl_tracks"), {},
-              [tracklist](const QJsonObject &) { return RpcReply{tlTracks(tracklist->entries()), {}}; });
-    table.add(method("get_tracks"), {},
-              [tracklist](const QJsonObject &) { return RpcReply{tracks(tracklist->entries()), {}}; });
-    table.add(method("get_length"), {},
-              [tracklist](const QJsonObject &) { return RpcReply{tracklist->entries().size(), {}}; });
+    table.add(method("get_tl_tracks"), {}, [tracklist](const QJsonObject &) {
+        return RpcReply{tlTracks(tracklist->entries()), {}};
+    });
+    table.add(method("get_tracks"), {}, [tracklist](const QJsonObject &) {
+        return RpcReply{tracks(tracklist->entries()), {}};
+    });
+    table.add(method("get_length"), {}, [tracklist](const QJsonObject &) {
+        return RpcReply{tracklist->entries().size(), {}};
+    });
     table.add(method("index"), {QStringLiteral("tl_track"), QStringLiteral("tlid")},
-              [tracklist, playback](const QJsonObject &parameters) { return index(tracklist, playback, parameters); });
-    table.add(method("add"), {QStringLiteral("tracks"), QStringLiteral("at_position"), QStringLiteral("uris")},
-              [tracklist, &catalogue](const QJsonObject &parameters) { return add(tracklist, catalogue, parameters); });
+              [tracklist, playback](const QJsonObject &parameters) {
+                  return index(tracklist, playback, parameters);
+              });
+    table.add(method("add"),
+              {QStringLiteral("tracks"), QStringLiteral("at_position"), QStringLiteral("uris")},
+              [tracklist, &catalogue](const QJsonObject &parameters) {
+                  return add(tracklist, catalogue, parameters);
+              });
     table.add(method("clear"), {}, [tracklist](const QJsonObject &) {
         tracklist->clear();
         return RpcReply();

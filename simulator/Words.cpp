@@ -8,35 +8,36 @@
 namespace {
 
 constexpr std::array<const char *, 32> adjectives{
-    "Paper",  "Silver", "Quiet",  "Northern", "Velvet", "Broken",  "Golden", "Distant",
-    "Hollow", "Amber",  "Sudden", "Winter",   "Gentle", "Crooked", "Pale",   "Electric",
-    "Little", "Copper", "Endless", "Salted",  "Wooden", "Blue",    "Second", "Restless",
-    "Tidal",  "Open",   "Slow",   "Hidden",   "Late",   "Crimson", "Early",  "Borrowed"};
+    "Paper",  "Silver", "Quiet",   "Northern", "Velvet", "Broken",  "Golden", "Distant",
+    "Hollow", "Amber",  "Sudden",  "Winter",   "Gentle", "Crooked", "Pale",   "Electric",
+    "Little", "Copper", "Endless", "Salted",   "Wooden", "Blue",    "Second", "Restless",
+    "Tidal",  "Open",   "Slow",    "Hidden",   "Late",   "Crimson", "Early",  "Borrowed"};
 
 constexpr std::array<const char *, 40> nouns{
-    "Lanterns", "Harbour",  "Orchard", "Machines", "Rivers",  "Windows", "Gardens",  "Satellites",
-    "Letters",  "Mornings", "Rooms",   "Mountains", "Engines", "Shadows", "Seasons", "Kites",
-    "Bridges",  "Signals",  "Horses",  "Islands",  "Mirrors", "Fields",  "Stations", "Feathers",
-    "Maps",     "Tides",    "Echoes",  "Roofs",    "Comets",  "Candles", "Valleys",  "Stairs",
-    "Foxes",    "Anchors",  "Lakes",   "Clocks",   "Sparrows", "Summers", "Trains",  "Voices"};
+    "Lanterns", "Harbour",  "Orchard", "Machines",  "Rivers",   "Windows", "Gardens",  "Satellites",
+    "Letters",  "Mornings", "Rooms",   "Mountains", "Engines",  "Shadows", "Seasons",  "Kites",
+    "Bridges",  "Signals",  "Horses",  "Islands",   "Mirrors",  "Fields",  "Stations", "Feathers",
+    "Maps",     "Tides",    "Echoes",  "Roofs",     "Comets",   "Candles", "Valleys",  "Stairs",
+    "Foxes",    "Anchors",  "Lakes",   "Clocks",    "Sparrows", "Summers", "Trains",   "Voices"};
 
 constexpr std::array<const char *, 24> places{
     "Winter", "the Coast", "Midnight", "Elm Street", "the Attic",  "Marble Hill", "the North", "Sunday",
-    "Glass",  "the Water", "Autumn",  "October",    "the Border", "Low Moor",    "the Moon",  "Arden",
+    "Glass",  "the Water", "Autumn",   "October",    "the Border", "Low Moor",    "the Moon",  "Arden",
     "Noon",   "the Pines", "Solna",    "the Canal",  "Tern Bay",   "Dust",        "Home",      "the Ferry"};
 
-constexpr std::array<const char *, 24> givenNames{
-    "Mara",  "Elias", "June",  "Tobias", "Ines",  "Caspar", "Nora",  "Lukas", "Signe", "Amos",  "Freya", "Joran",
-    "Willa", "Henrik", "Alma", "Silas",  "Petra", "Otis",   "Maeve", "Bruno", "Lotte", "Ezra",  "Dalia", "Rufus"};
+constexpr std::array<const char *, 24> givenNames{"Mara",  "Elias",  "June",  "Tobias", "Ines",  "Caspar",
+                                                  "Nora",  "Lukas",  "Signe", "Amos",   "Freya", "Joran",
+                                                  "Willa", "Henrik", "Alma",  "Silas",  "Petra", "Otis",
+                                                  "Maeve", "Bruno",  "Lotte", "Ezra",   "Dalia", "Rufus"};
 
 constexpr std::array<const char *, 24> familyNames{
-    "Holm",   "Vance",  "Ashdown", "Lindqvist", "Marrow", "Okoro",  "Farrow",  "Keller", "Sundby", "Reyes",  "Thorne",
-    "Castel", "Brandt", "Wilder",  "Novak",     "Hale",   "Moreau", "Pemberly", "Dunn",  "Ostrow", "Fenwick", "Saari",
-    "Blythe", "Corvin"};
+    "Holm",   "Vance",    "Ashdown", "Lindqvist", "Marrow",  "Okoro",  "Farrow", "Keller",
+    "Sundby", "Reyes",    "Thorne",  "Castel",    "Brandt",  "Wilder", "Novak",  "Hale",
+    "Moreau", "Pemberly", "Dunn",    "Ostrow",    "Fenwick", "Saari",  "Blythe", "Corvin"};
 
-constexpr std::array<const char *, 16> genres{
-    "Jazz", "Folk", "Electronic", "Ambient", "Indie", "Soul", "Classical", "Blues",
-    "Rock", "Pop",  "Dub",        "Bossa",   "House", "Funk", "Chamber",   "Country"};
+constexpr std::array<const char *, 16> genres{"Jazz",      "Folk",  "Electronic", "Ambient", "Indie", "Soul",
+                                              "Classical", "Blues", "Rock",       "Pop",     "Dub",   "Bossa",
+                                              "House",     "Funk",  "Chamber",    "Country"};
 
 // The next choice from one spread number, and what is left of the number for the choices after it.
 template<std::size_t count>

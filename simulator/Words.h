@@ -6,8 +6,8 @@
 #include <QString>
 
 /**
- * Invented names, each a pure function of a number: the same number gives the same name in every run. All titles,
- * artists and stations are made up from word lists. Callable on any thread.
+ * Invented names, each a pure function of a number: the same number gives the same name in every run. All
+ * titles, artists and stations are made up from word lists. Callable on any thread.
  */
 namespace Words {
 

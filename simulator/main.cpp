@@ -29,7 +29,8 @@ void printAddresses(DemoHouse &house)
     out << "device " << house.deviceHost() << ':' << house.devicePort() << Qt::endl;
     const QMap<int, MusicServerSimulator *> &servers = house.musicServers();
     for (auto server = servers.cbegin(); server != servers.cend(); ++server)
-        out << "music " << server.key() << ' ' << server.value()->host() << ':' << server.value()->port() << Qt::endl;
+        out << "music " << server.key() << ' ' << server.value()->host() << ':' << server.value()->port()
+            << Qt::endl;
     out << "artwork 127.0.0.1:" << house.artwork()->port() << Qt::endl;
 }
 
