@@ -28,7 +28,7 @@ public:
     ~HalvoraConnThread() override;
 
     /// Stops the link and takes the device for the next start. Not owned; it must live, and stay as it is,
-    /// while the link runs. Null: there is nothing to dial.
+    /// while the link runs. Null: no address is taken from now on; a start dials the last one again.
     void setDevice(Device *device);
     /// Starts the link, ending a running one first. Blocks until that one has ended.
     void restartLink();

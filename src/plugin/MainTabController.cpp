@@ -42,6 +42,12 @@ MainTabController::MainTabController(QQuickItem *parent) : QQuickItem(parent)
     DynamicTranslator::loadTranslations();
 }
 
+// The players live on, with nobody left to stop them.
+MainTabController::~MainTabController()
+{
+    didEnterBackground();
+}
+
 void MainTabController::setMenuListView(QQuickItem *item)
 {
     if (m_menuListView)
@@ -88,8 +94,11 @@ View *MainTabController::newView(const QString &url)
     if (!view)
         return nullptr;
     connect(view, SIGNAL(requireSelectOutput(int)), this, SLOT(openPlayerViewWithOutput(int)));
-    connect(&m_link, &HalvoraConnThread::showConnectionScreen, view, &View::showConnectionScreen);
-    connect(&m_link, &HalvoraConnThread::setConnectionScreenMessage, view, &View::setConnectionScreenMessage);
+    // By way of this object: what is still queued when it goes must not reach a screen whose engine is gone.
+    connect(&m_link, &HalvoraConnThread::showConnectionScreen, this,
+            [view](bool show) { view->showConnectionScreen(show); });
+    connect(&m_link, &HalvoraConnThread::setConnectionScreenMessage, this,
+            [view](const QString &message) { view->setConnectionScreenMessage(message); });
     return view;
 }
 

@@ -29,6 +29,8 @@ class MainTabController : public QQuickItem
 
 public:
     explicit MainTabController(QQuickItem *parent = nullptr);
+    /// Stops the link and all players, and waits for the link.
+    ~MainTabController() override;
 
     /// The tab menu: an item with an integer `currentIndex`, 0 for the outputs and 1 for the player, and its change
     /// signal. Null by default. A tab appears at a change of the index, not at this call.

@@ -67,11 +67,11 @@ ClientWindow::ClientWindow()
     view.rootContext()->setContextProperty("smallScreen"_s, false);
 }
 
-// The window goes before its peers, so that nothing is dialled in vain on the way out.
+// The scene goes in mid-life, as when a host is closed, and before its peers.
 ClientWindow::~ClientWindow()
 {
-    background();
     view.setSource({});
+    QCoreApplication::processEvents();
 }
 
 bool ClientWindow::show(bool screensFirst, const QSize &size)
