@@ -37,9 +37,9 @@ inline bool compare(const char *name, const Way &ours, const Way &peer, double g
         ratios.append(times[0].constLast() / times[1].constLast());
     }
     const double ratio = quantile(ratios, 0.5);
-    std::printf("%-34s %9.2f ms %9.2f ms   %5.2f +- %.2f   at most %.2f   %s\n", name, quantile(times[0], 0.5),
-                quantile(times[1], 0.5), ratio, quantile(ratios, 0.75) - quantile(ratios, 0.25), goal,
-                ratio <= goal ? "met" : "NOT MET");
+    std::printf("%-34s %9.2f ms %9.2f ms   %5.2f +- %.2f   at most %.2f   %s\n", name,
+                quantile(times[0], 0.5), quantile(times[1], 0.5), ratio,
+                quantile(ratios, 0.75) - quantile(ratios, 0.25), goal, ratio <= goal ? "met" : "NOT MET");
     return ratio <= goal;
 }
 

@@ -66,7 +66,8 @@ bool measure(int entries)
     const QString text = tracklist(entries);
     const QByteArray name = "tracklist of " + QByteArray::number(entries) + " entries";
     return Measurement::compare(
-        name.constData(), [&] { return toQueueChanged(text, entries); }, [&] { return parseAlone(text); }, 1.5);
+        name.constData(), [&] { return toQueueChanged(text, entries); }, [&] { return parseAlone(text); },
+        1.5);
 }
 
 } // namespace
@@ -74,8 +75,12 @@ bool measure(int entries)
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
+    QStringList sizes = application.arguments().mid(1); // numbers of entries
+    if (sizes.isEmpty())
+        sizes = QStringList{QStringLiteral("1000"), QStringLiteral("5000"), QStringLiteral("10000"),
+                            QStringLiteral("20000")};
     bool met = true;
-    for (const int entries : {1000, 5000, 10000, 20000})
-        met = measure(entries) && met;
+    for (const QString &size : qAsConst(sizes))
+        met = measure(size.toInt()) && met;
     return met ? 0 : 1;
 }

@@ -21,7 +21,8 @@ QByteArray hex(const char *digits)
 }
 
 // The same cipher by somebody else.
-QByteArray opensslEncrypt(const QByteArray &data, const QByteArray &key, const QByteArray &vector, bool padded)
+QByteArray opensslEncrypt(const QByteArray &data, const QByteArray &key, const QByteArray &vector,
+                          bool padded)
 {
     const auto bytes = [](const QByteArray &array) {
         return reinterpret_cast<const unsigned char *>(array.constData());
@@ -111,9 +112,10 @@ void TestCodec::publishedVectors_data()
     for (int at = 0; at < plain.size(); at += 16)
         QTest::addRow("SP 800-38A, F.1.1, block %d", at / 16 + 1)
             << key << zeroVector << plain.mid(at, 16) << ecb.mid(at, 16);
-    QTest::newRow("SP 800-38A, F.2.1") << key << hex("000102030405060708090a0b0c0d0e0f") << plain
-                                       << hex("7649abac8119b246cee98e9b12e9197d5086cb9b507219ee95db113a917678b2"
-                                              "73bed6b8e3c1743b7116e69e222295163ff1caa1681fac09120eca307586e1a7");
+    QTest::newRow("SP 800-38A, F.2.1")
+        << key << hex("000102030405060708090a0b0c0d0e0f") << plain
+        << hex("7649abac8119b246cee98e9b12e9197d5086cb9b507219ee95db113a917678b2"
+               "73bed6b8e3c1743b7116e69e222295163ff1caa1681fac09120eca307586e1a7");
 }
 
 void TestCodec::publishedVectors()
@@ -144,14 +146,18 @@ void TestCodec::frames_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("comesBackAs");
     QTest::addColumn<QByteArray>("frame");
-    QTest::newRow("the empty message") << "0|"_s << "0|"_s << QByteArray("un6sk96eT2O3BIuEeM0zuA==");
-    QTest::newRow("15 bytes, one of padding") << "1|UI_COMMAND|17"_s << "1|UI_COMMAND|17"_s
-                                              << QByteArray("FAYSYoPAGLu2LvRIteRAgg==");
-    QTest::newRow("16 bytes, a block of padding") << "0|UI_COMMAND|172"_s << "0|UI_COMMAND|172"_s
-                                                  << QByteArray("8k1fYty8qHnDwYumwMdE4GWtXl5Va8n+/5xFxeisAoY=");
+    QTest::newRow("the empty message") << "0|"_s
+                                       << "0|"_s << QByteArray("un6sk96eT2O3BIuEeM0zuA==");
+    QTest::newRow("15 bytes, one of padding")
+        << "1|UI_COMMAND|17"_s
+        << "1|UI_COMMAND|17"_s << QByteArray("FAYSYoPAGLu2LvRIteRAgg==");
+    QTest::newRow("16 bytes, a block of padding")
+        << "0|UI_COMMAND|172"_s
+        << "0|UI_COMMAND|172"_s << QByteArray("8k1fYty8qHnDwYumwMdE4GWtXl5Va8n+/5xFxeisAoY=");
     QTest::newRow("cut at a NUL") << QString("0|"_s + QChar(0) + "lost"_s) << "0|"_s
                                   << QByteArray("un6sk96eT2O3BIuEeM0zuA==");
-    const QByteArray utf8 = "7|K\xc3\xbc" "che|\xe2\x82\xac\xe6\x97\xa5";
+    const QByteArray utf8 = "7|K\xc3\xbc"
+                            "che|\xe2\x82\xac\xe6\x97\xa5";
     QTest::newRow("UTF-8") << QString::fromUtf8(utf8) << QString::fromUtf8(utf8)
                            << opensslEncrypt(utf8, linkKey, zeroVector, true).toBase64();
 }
@@ -187,7 +193,8 @@ void TestCodec::streamCutInTwo()
         parts += splitter.append(stream.mid(cut));
         // Only a head without any terminator is handed on before its time.
         const bool loneHead = cut > 0 && cut < frames.at(0).size() + 3;
-        const QVector<QByteArray> expected = loneHead ? QVector<QByteArray>{stream.left(cut)} + frames : frames;
+        const QVector<QByteArray> expected = loneHead ? QVector<QByteArray>{stream.left(cut)} + frames
+                                                      : frames;
         QVERIFY2(parts == expected, qPrintable("cut at %1"_s.arg(cut)));
         QCOMPARE(splitter.pendingBytes(), 0);
     }
@@ -255,7 +262,8 @@ void TestCodec::spoiltFrames_data()
     QTest::newRow("a NUL in the frame") << good + QByteArray("\0AAAA", 5) << "1|JOIN"_s;
     QTest::newRow("a NUL ahead of the frame") << QByteArray("\0", 1) + good << QString();
     QTest::newRow("half a block") << good.left(12) << QString();
-    QTest::newRow("a block and a byte") << QByteArray(QByteArray::fromBase64(good) + 'x').toBase64() << QString();
+    QTest::newRow("a block and a byte")
+        << QByteArray(QByteArray::fromBase64(good) + 'x').toBase64() << QString();
     QTest::newRow("no Base64") << QByteArray("!!! ### ***") << QString();
     QTest::newRow("nothing") << QByteArray() << QString();
 }
@@ -280,7 +288,8 @@ void TestCodec::oddStreams_data()
     QTest::newRow("the head of the next is kept") << List{"AA%%%BB"} << List{"AA"} << 2;
     QTest::newRow("the head of the next, then its rest") << List{"AA%%%B", "B%%%"} << List{"AA", "BB"} << 0;
     QTest::newRow("a head behind a terminator counts as alone") << List{"%%%BB"} << List{"BB"} << 5;
-    QTest::newRow("what follows a NUL is not looked at") << List{QByteArray("AA\0BB%%%", 8)} << List{"AA"} << 8;
+    QTest::newRow("what follows a NUL is not looked at")
+        << List{QByteArray("AA\0BB%%%", 8)} << List{"AA"} << 8;
     QTest::newRow("a frame, then a NUL") << List{QByteArray("AA%%%\0BB", 8)} << List{"AA"} << 0;
 }
 

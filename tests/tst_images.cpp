@@ -61,7 +61,8 @@ QStringList fill(const QString &prefix, int count)
 QStringList cached(const QStringList &keys)
 {
     QStringList found;
-    std::copy_if(keys.begin(), keys.end(), std::back_inserter(found), [](auto key) { return downloader()->isCached(key); });
+    std::copy_if(keys.begin(), keys.end(), std::back_inserter(found),
+                 [](auto key) { return downloader()->isCached(key); });
     return found;
 }
 
@@ -154,8 +155,10 @@ void TestImages::qmlItemShowsThePicture()
     QQmlEngine engine;
     engine.addImageProvider("async"_s, new AsyncImageProvider);
     QQmlComponent component(&engine);
-    component.setData("import QtQuick 2.0; Image { property string uri; source: uri === \"\" ? \"\" : \"image://async/\" "
-                      "+ uri; function updateImage(where) { uri = where } }", QUrl());
+    component.setData(
+        "import QtQuick 2.0; Image { property string uri; source: uri === \"\" ? \"\" : \"image://async/\" "
+        "+ uri; function updateImage(where) { uri = where } }",
+        QUrl());
     const std::unique_ptr<QObject> image(component.create());
     QVERIFY2(image, qPrintable(component.errorString()));
     requestPicture(gallery.url, qobject_cast<QQuickItem *>(image.get()));
@@ -186,7 +189,9 @@ void TestImages::decodingNeedsNoGuiThread()
     thread.start();
     std::unique_ptr<ArtworkServer> server;
     QString url;
-    const auto inThread = [&](auto job) { QMetaObject::invokeMethod(&context, job, Qt::BlockingQueuedConnection); };
+    const auto inThread = [&](auto job) {
+        QMetaObject::invokeMethod(&context, job, Qt::BlockingQueuedConnection);
+    };
     inThread([&] {
         server = std::make_unique<ArtworkServer>();
         server->listen();
@@ -287,8 +292,10 @@ void TestImages::noPictureIsKeptAsNone_data()
     QTest::addColumn<Spoil>("spoil");
     QTest::newRow("no picture") << Spoil([](ArtworkFaults &faults) { faults.noPicture = true; });
     QTest::newRow("too many pixels") << Spoil([](ArtworkFaults &faults) { faults.hugeDimensions = true; });
-    QTest::newRow("too long, announced") << Spoil([](ArtworkFaults &faults) { faults.lengthLie = 40 * 1024 * 1024; });
-    QTest::newRow("too long, not announced") << Spoil([](ArtworkFaults &faults) { faults.endlessBody = true; });
+    QTest::newRow("too long, announced")
+        << Spoil([](ArtworkFaults &faults) { faults.lengthLie = 40 * 1024 * 1024; });
+    QTest::newRow("too long, not announced")
+        << Spoil([](ArtworkFaults &faults) { faults.endlessBody = true; });
 }
 
 void TestImages::noPictureIsKeptAsNone()
@@ -374,7 +381,8 @@ void TestImages::bodiesBeyondTheBound()
     QCOMPARE(PictureDecoder::decoded(body).size(), QSize(20, 10));
     QVERIFY(PictureDecoder::decoded(body + ' ').isNull());
     QVERIFY(PictureDecoder::decoded(QByteArray()).isNull());
-    for (const int width : {8000, 8001}) { // of one bit a pixel: small enough to be read, were it not for the bound
+    for (const int width :
+         {8000, 8001}) { // of one bit a pixel: small enough to be read, were it not for the bound
         QImage image(width, 8000, QImage::Format_Mono);
         image.fill(1);
         QBuffer buffer;

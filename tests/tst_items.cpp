@@ -39,13 +39,20 @@ QByteArray fileBytes(const QString &path)
 QVariant sampleOf(const QMetaProperty &property)
 {
     switch (int(property.type())) {
-    case QVariant::Int: return 41;
-    case QVariant::Bool: return true;
-    case QVariant::String: return "text"_s;
-    case QVariant::StringList: return QStringList{"one"_s, "two"_s};
-    case QVariant::Hash: return QVariantHash{{"key"_s, 7}};
-    case QVariant::Color: return QColor(1, 2, 3);
-    default: return {};
+    case QVariant::Int:
+        return 41;
+    case QVariant::Bool:
+        return true;
+    case QVariant::String:
+        return "text"_s;
+    case QVariant::StringList:
+        return QStringList{"one"_s, "two"_s};
+    case QVariant::Hash:
+        return QVariantHash{{"key"_s, 7}};
+    case QVariant::Color:
+        return QColor(1, 2, 3);
+    default:
+        return {};
     }
 }
 
@@ -133,14 +140,16 @@ void TestItems::typesAreCreatable_data()
     const auto rows = [](const QString &module, const QString &types) {
         for (const QString &type : types.split(QLatin1Char(' '))) {
             const bool renamed = type == "BrowseNavController"_s;
-            QTest::newRow(qPrintable(type)) << type << (renamed ? "BrowseNavigationController"_s : type) << module;
+            QTest::newRow(qPrintable(type))
+                << type << (renamed ? "BrowseNavigationController"_s : type) << module;
         }
     };
     rows("com.kestrum.translations"_s, "DynamicTranslator"_s);
     rows("com.kestrum.halvoraint"_s,
          "Theme MainTabController OutputsView PlayerView NavigationView NavigationBar NavigationController "
          "BrowseNavController SearchNavController SearchRootView BrowseListView PlaylistNavController"_s);
-    rows("com.kestrum.logic"_s, "PlayerItem Song PlaylistEntry Playlist HalvoraPlayer Source Output Halvora Device"_s);
+    rows("com.kestrum.logic"_s,
+         "PlayerItem Song PlaylistEntry Playlist HalvoraPlayer Source Output Halvora Device"_s);
 }
 
 void TestItems::typesAreCreatable()
@@ -150,7 +159,8 @@ void TestItems::typesAreCreatable()
     QFETCH(const QString, module);
     QQmlEngine engine;
     QQmlComponent component(&engine);
-    component.setData("import QtQuick 2.0; import " + module.toUtf8() + " 1.0; " + type.toUtf8() + " {}", QUrl());
+    component.setData("import QtQuick 2.0; import " + module.toUtf8() + " 1.0; " + type.toUtf8() + " {}",
+                      QUrl());
     const std::unique_ptr<QObject> object(component.create());
     QVERIFY2(object, qPrintable(component.errorString()));
     QCOMPARE(QString::fromLatin1(object->metaObject()->className()), cppClass);
@@ -171,8 +181,8 @@ void TestItems::libraryShowsQtsTwoEntriesAlone()
 
 void TestItems::resourceSets()
 {
-    QCOMPARE(QDir(":/Themes"_s).entryList(), (QStringList{"theme0.json"_s, "theme1.json"_s, "theme2.json"_s,
-                                                          "theme3.json"_s}));
+    QCOMPARE(QDir(":/Themes"_s).entryList(),
+             (QStringList{"theme0.json"_s, "theme1.json"_s, "theme2.json"_s, "theme3.json"_s}));
     QCOMPARE(QDir(":/Translations"_s).entryList(), (QStringList{"Halvora_de.qm"_s, "Halvora_it.qm"_s}));
     for (const QString &file : {"OutputsView.qml"_s, "PlayerView.qml"_s})
         QVERIFY2(QFile::exists(":/Qml/"_s + file), qPrintable(file));
@@ -180,19 +190,25 @@ void TestItems::resourceSets()
 
 void TestItems::pictures()
 {
-    const QStringList bySize{
-        "100x75: airplay_alpha source_alpha"_s, "180x180: airplay_sel* defaultcoverart*"_s,
-        "75x65: halvora halvora_sel* output output_sel* settings settings_sel*"_s,
-        "40x40: delete equilizer library library_search matrix mute* next open pause play playlists prev queue refresh "
-        "repeat repeat_sel* save shuffle shuffle_sel* sound"_s,
-        "31x31: eqclose"_s, "20x8: menu_dots"_s, "340x255: modelA modelB"_s, "25x25: mute_small* sound_small"_s,
-        "20x20: offline online"_s, "128x128: playlistcoverart*"_s};
+    const QStringList bySize{"100x75: airplay_alpha source_alpha"_s,
+                             "180x180: airplay_sel* defaultcoverart*"_s,
+                             "75x65: halvora halvora_sel* output output_sel* settings settings_sel*"_s,
+                             "40x40: delete equilizer library library_search matrix mute* next open pause "
+                             "play playlists prev queue refresh "
+                             "repeat repeat_sel* save shuffle shuffle_sel* sound"_s,
+                             "31x31: eqclose"_s,
+                             "20x8: menu_dots"_s,
+                             "340x255: modelA modelB"_s,
+                             "25x25: mute_small* sound_small"_s,
+                             "20x20: offline online"_s,
+                             "128x128: playlistcoverart*"_s};
     QStringList expected; // a star stands for one file of each accent
     for (const QString &line : bySize) {
         for (const QString &stem : line.section(": "_s, 1).split(QLatin1Char(' '))) {
             const bool accented = stem.endsWith(QLatin1Char('*'));
             for (const QString &suffix : accented ? QStringList{"_0"_s, "_1"_s} : QStringList{QString()})
-                expected << (accented ? stem.chopped(1) : stem) + suffix + ".png "_s + line.section(": "_s, 0, 0);
+                expected << (accented ? stem.chopped(1) : stem) + suffix + ".png "_s
+                        + line.section(": "_s, 0, 0);
         }
     }
     QStringList found;
@@ -215,37 +231,51 @@ void TestItems::defaults_data()
     const auto row = [](const char *name, Make make, const QString &order, const QString &json) {
         QTest::newRow(name) << make << order << json;
     };
-    row("Device", [] { return new Device; },
+    row(
+        "Device", [] { return new Device; },
         "serialNumber localIp localPort remoteIp remotePort username password propDictionary"_s,
         R"({"localIp":"","localPort":0,"objectName":"","password":"","propDictionary":{},"remoteIp":"",)"
         R"("remotePort":0,"serialNumber":"","username":""})"_s);
-    row("Output", [] { return new Output; }, "index name volume mute bass middle treble loudness selectedSource"_s,
+    row(
+        "Output", [] { return new Output; },
+        "index name volume mute bass middle treble loudness selectedSource"_s,
         R"({"bass":0,"index":-1,"loudness":0,"middle":0,"mute":false,"name":"","objectName":"",)"
         R"("selectedSource":null,"treble":0,"volume":0})"_s);
-    row("Source", [] { return new Source; }, "index name volume player"_s,
+    row(
+        "Source", [] { return new Source; }, "index name volume player"_s,
         R"({"index":-1,"name":"","objectName":"","player":null,"volume":0})"_s);
-    row("PlaylistEntry", [] { return new PlaylistEntry; }, "entryId name playlistRef"_s,
+    row(
+        "PlaylistEntry", [] { return new PlaylistEntry; }, "entryId name playlistRef"_s,
         R"({"entryId":-1,"name":"","objectName":"","playlistRef":""})"_s);
-    row("PlayerItem", [] { return new PlayerItem; }, "uri name type smallImgPath mediumImgPath largeImgPath"_s,
+    row(
+        "PlayerItem", [] { return new PlayerItem; },
+        "uri name type smallImgPath mediumImgPath largeImgPath"_s,
         R"({"largeImgPath":"","mediumImgPath":"","name":"","objectName":"","smallImgPath":"","type":"","uri":""})"_s);
-    row("Song", [] { return new Song; },
-        "uri name type smallImgPath mediumImgPath largeImgPath duration currTime albumUri album artistsUri artists "
+    row(
+        "Song", [] { return new Song; },
+        "uri name type smallImgPath mediumImgPath largeImgPath duration currTime albumUri album artistsUri "
+        "artists "
         "artistsString"_s,
         R"({"album":"","albumUri":"","artists":[],"artistsString":"","artistsUri":[],"currTime":0,"duration":0,)"
         R"("largeImgPath":"","mediumImgPath":"","name":"","objectName":"","smallImgPath":"","type":"","uri":""})"_s);
-    row("Album", [] { return new Album; },
+    row(
+        "Album", [] { return new Album; },
         "uri name type smallImgPath mediumImgPath largeImgPath artistsUri artists artistsString"_s,
         R"({"artists":[],"artistsString":"","artistsUri":[],"largeImgPath":"","mediumImgPath":"","name":"",)"
         R"("objectName":"","smallImgPath":"","type":"","uri":""})"_s);
-    row("Playlist", [] { return new Playlist; }, "uri name"_s, R"({"name":"","objectName":"","uri":""})"_s);
-    row("HalvoraPlayer", [] { return new HalvoraPlayer; },
-        "index sourceRef ipAddress port playPause shuffle repeat currentSong currentTlid airPlay airPlayTrack "
+    row(
+        "Playlist", [] { return new Playlist; }, "uri name"_s, R"({"name":"","objectName":"","uri":""})"_s);
+    row(
+        "HalvoraPlayer", [] { return new HalvoraPlayer; },
+        "index sourceRef ipAddress port playPause shuffle repeat currentSong currentTlid airPlay "
+        "airPlayTrack "
         "airPlayAlbum airPlayArtist airPlayImage queue queueTlid playlists filters filterTitles"_s,
         R"({"airPlay":false,"airPlayAlbum":"","airPlayArtist":"","airPlayImage":"","airPlayTrack":"",)"
         R"("currentSong":null,"currentTlid":0,"filterTitles":[],"filters":[],"index":-1,"ipAddress":"",)"
         R"("objectName":"","playPause":0,"playlists":null,"port":"6680","queue":null,"queueTlid":null,)"
         R"("repeat":false,"shuffle":false,"sourceRef":-1})"_s);
-    row("Theme", [] { return new Theme; }, "background menu header highlight icons text imgSuffix"_s,
+    row(
+        "Theme", [] { return new Theme; }, "background menu header highlight icons text imgSuffix"_s,
         R"({"background":"#000000","header":"#000000","highlight":"#000000","icons":"#000000","imgSuffix":"",)"
         R"("menu":"#000000","objectName":"","text":"#000000"})"_s);
 }
@@ -297,7 +327,8 @@ void TestItems::settersStoreAndAlwaysTell()
 void TestItems::pictureChoice_data()
 {
     QTest::addColumn<Widths>("widths");
-    QTest::addColumn<QString>("chosen"); // small, medium and large; "first" and "last" in the hash's own order
+    QTest::addColumn<QString>(
+        "chosen"); // small, medium and large; "first" and "last" in the hash's own order
     QTest::newRow("none") << Widths{} << "- - -"_s;
     QTest::newRow("one without a width") << Widths{0} << "0 0 0"_s;
     QTest::newRow("one of each") << Widths{64, 300, 640} << "64 300 640"_s;
@@ -367,10 +398,14 @@ void TestItems::themeFiles_data()
 {
     QTest::addColumn<QString>("colours");
     QTest::addColumn<QString>("suffix");
-    QTest::newRow("theme0") << "#1d252b #2f363c #4a555d #6e99c7 #eeeeee #a5acad"_s << "_0"_s;
-    QTest::newRow("theme1") << "#1d252b #2f363c #4a555d #fcbf27 #eeeeee #a5acad"_s << "_1"_s;
-    QTest::newRow("theme2") << "#2e292d #4b4849 #555454 #6e99c7 #eeeeee #a5acad"_s << "_0"_s;
-    QTest::newRow("theme3") << "#2e292d #4b4849 #555454 #fcbf27 #eeeeee #a5acad"_s << "_1"_s;
+    QTest::newRow("theme0") << "#1d252b #2f363c #4a555d #6e99c7 #eeeeee #a5acad"_s
+                            << "_0"_s;
+    QTest::newRow("theme1") << "#1d252b #2f363c #4a555d #fcbf27 #eeeeee #a5acad"_s
+                            << "_1"_s;
+    QTest::newRow("theme2") << "#2e292d #4b4849 #555454 #6e99c7 #eeeeee #a5acad"_s
+                            << "_0"_s;
+    QTest::newRow("theme3") << "#2e292d #4b4849 #555454 #fcbf27 #eeeeee #a5acad"_s
+                            << "_1"_s;
 }
 
 void TestItems::themeFiles()
@@ -380,8 +415,8 @@ void TestItems::themeFiles()
     const QByteArray json = fileBytes(":/Themes/%1.json"_s.arg(QLatin1String(QTest::currentDataTag())));
     const Theme theme(QJsonDocument::fromJson(json).object());
     QStringList names;
-    for (const QColor &colour : {theme.background(), theme.menu(), theme.header(), theme.highlight(), theme.icons(),
-                                 theme.text()})
+    for (const QColor &colour :
+         {theme.background(), theme.menu(), theme.header(), theme.highlight(), theme.icons(), theme.text()})
         names << colour.name();
     QCOMPARE(names.join(QLatin1Char(' ')), colours);
     QCOMPARE(theme.imgSuffix(), suffix);
@@ -390,20 +425,23 @@ void TestItems::themeFiles()
 void TestItems::translations_data()
 {
     QTest::addColumn<QString>("texts"); // in the order of the words below
-    QTest::newRow("") << "Tracks|All services|Local files|iTunes Store: Podcasts|Internet Archive|Play All Now|"
-                         "Play Track Next|Add to Queue|Rename|Associate"_s;
+    QTest::newRow("")
+        << "Tracks|All services|Local files|iTunes Store: Podcasts|Internet Archive|Play All Now|"
+           "Play Track Next|Add to Queue|Rename|Associate"_s;
     QTest::newRow("de") << u8"Titel|Alle Dienste|Lokale Dateien|iTunes Store: Podcasts|Internet Archiv|"
                            "Jetzt alle wiedergeben|Nach dem derzeitigen Titel wiedergeben|"
                            u8"Zur Wiedergabeliste hinzufügen|Rename|Associate"_s;
-    QTest::newRow("it") << "Tracce|Tutti i servizi|File locali|iTunes Store: Podcasts|Archivio Internet|"
-                           "Riroduci tutto ora|Riproduci dopo la traccia corrente|Aggiungi alla coda|Rinomina|Associa"_s;
+    QTest::newRow("it")
+        << "Tracce|Tutti i servizi|File locali|iTunes Store: Podcasts|Archivio Internet|"
+           "Riroduci tutto ora|Riproduci dopo la traccia corrente|Aggiungi alla coda|Rinomina|Associa"_s;
 }
 
 void TestItems::translations()
 {
     QFETCH(const QString, texts);
-    const QString words = "track|all|local|podcast+itunes|internetarchive|It_PlayNow_All|It_PlayAfter|It_AddToQueue|"
-                          "It_Rename|It_Associate"_s;
+    const QString words =
+        "track|all|local|podcast+itunes|internetarchive|It_PlayNow_All|It_PlayAfter|It_AddToQueue|"
+        "It_Rename|It_Associate"_s;
     QTranslator translator;
     const QString language = QString::fromLatin1(QTest::currentDataTag());
     if (!language.isEmpty()) {

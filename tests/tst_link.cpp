@@ -53,7 +53,8 @@ QList<QStringList> withoutHeads(const QList<QStringList> &commands)
 {
     QList<QStringList> whole;
     for (const QStringList &command : commands) {
-        if (!whole.isEmpty() && command.join(QLatin1Char('|')).startsWith(whole.last().join(QLatin1Char('|'))))
+        if (!whole.isEmpty()
+            && command.join(QLatin1Char('|')).startsWith(whole.last().join(QLatin1Char('|'))))
             whole.removeLast();
         whole << command;
     }
@@ -72,14 +73,14 @@ struct House
         record.setLocalIp(device.host());
         record.setLocalPort(device.port());
         const auto hear = [this](auto signal, auto note) { QObject::connect(&link, signal, &device, note); };
-        hear(&HalvoraConnThread::showConnectionScreen, [this](bool show) { said << (show ? "show"_s : "hide"_s); });
+        hear(&HalvoraConnThread::showConnectionScreen,
+             [this](bool show) { said << (show ? "show"_s : "hide"_s); });
         hear(&HalvoraConnThread::setConnectionScreenMessage, [this](const QString &text) { said << text; });
         hear(&HalvoraConnThread::halvoraCommandReceived, [this](const QStringList &l) { commands << l; });
         hear(&HalvoraConnThread::firstConnected, [this] { ++firstConnected; });
         hear(&HalvoraConnThread::requireAuthenticationDialog, [this] { ++dialogs; });
-        hear(&HalvoraConnThread::deviceSettingsUrlsUpdated, [this](const QString &get, const QString &post) {
-            urls << get + QLatin1Char(' ') + post;
-        });
+        hear(&HalvoraConnThread::deviceSettingsUrlsUpdated,
+             [this](const QString &get, const QString &post) { urls << get + QLatin1Char(' ') + post; });
     }
 
     void start()
@@ -122,7 +123,12 @@ class TestLink final : public Suite
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase() { QSettings().setValue("uniqueID"_s, "unit-7"_s); }
+    void initTestCase()
+    {
+        QSettings().setValue("uniqueID"_s, "unit-7"_s);
+        QCOMPARE(WatchdogInterval::milliseconds(),
+                 1000); // what the product lives by, before any test shortens it
+    }
 
     // What works
 
@@ -159,11 +165,13 @@ void TestLink::login_data()
     QTest::addColumn<QString>("username");
     QTest::addColumn<QString>("password");
     QTest::addColumn<QByteArray>("frame");
-    const QByteArray shortFrame = "B4Fy9G49nBLq3uXuwuQj59ksPZE1Z/8W5EC0cOOJWTIeZnrRyAZoNmH2W6paXtQHiNhZwqe3diVA6p+"
-                                  "Y8F+u6g==";
-    QTest::newRow("long") << u8"Jörg"_s << u8"Schlüssel"_s
-                          << QByteArray("B4Fy9G49nBLq3uXuwuQj5yN0URrQyrODHBQL5V3REi66P4/ncI03mFlwnkYTg646Gcd/ZFOcbGliV"
-                                        "3tNGPBoV8DzghSWs6xePc22TPnfjJRokfMeSH85PKLn1w55yEaRP36/woGRZagKRZCz6tctbQ==");
+    const QByteArray shortFrame =
+        "B4Fy9G49nBLq3uXuwuQj59ksPZE1Z/8W5EC0cOOJWTIeZnrRyAZoNmH2W6paXtQHiNhZwqe3diVA6p+"
+        "Y8F+u6g==";
+    QTest::newRow("long")
+        << u8"Jörg"_s << u8"Schlüssel"_s
+        << QByteArray("B4Fy9G49nBLq3uXuwuQj5yN0URrQyrODHBQL5V3REi66P4/ncI03mFlwnkYTg646Gcd/ZFOcbGliV"
+                      "3tNGPBoV8DzghSWs6xePc22TPnfjJRokfMeSH85PKLn1w55yEaRP36/woGRZagKRZCz6tctbQ==");
     QTest::newRow("short") << QString() << QString() << shortFrame;
     QTest::newRow("a name without a password") << u8"Jörg"_s << QString() << shortFrame;
     QTest::newRow("a password without a name") << QString() << "secret"_s << shortFrame;
@@ -228,10 +236,13 @@ void TestLink::subCodes_data()
     QTest::addColumn<QStringList>("urls");
     QTest::addColumn<QStringList>("command");
     const auto delivered = [](const QString &text) { return text.split(QLatin1Char('|')); };
-    QTest::newRow("20 with both addresses") << "1|BROAD|20|x|get|post"_s << QStringList{"get post"_s} << QStringList();
-    QTest::newRow("20 with more fields") << "1|BROAD|20|x|get|post|z"_s << QStringList{"get post"_s} << QStringList();
+    QTest::newRow("20 with both addresses")
+        << "1|BROAD|20|x|get|post"_s << QStringList{"get post"_s} << QStringList();
+    QTest::newRow("20 with more fields")
+        << "1|BROAD|20|x|get|post|z"_s << QStringList{"get post"_s} << QStringList();
     QTest::newRow("20 with empty ones") << "1|BROAD|20|x||"_s << QStringList{" "_s} << QStringList();
-    QTest::newRow("a poll, as empty fields do not count for it") << "1|BROAD||5|z"_s << QStringList() << QStringList();
+    QTest::newRow("a poll, as empty fields do not count for it")
+        << "1|BROAD||5|z"_s << QStringList() << QStringList();
     QTest::newRow("20 with one address") << "1|BROAD|20|x|get"_s << QStringList() << QStringList();
     for (const QString &text : {"1|BROAD|0|100"_s, "1|BROAD|3"_s, "1|BROAD|2|100||3@2|"_s, "1|BROAD|x|y"_s,
                                 "1|BROAD|05|z"_s, "1|BROAD|21|a|b|c"_s})
@@ -270,12 +281,17 @@ void TestLink::addressChoice_data()
 {
     QTest::addColumn<QString>("steps"); // devices set one after the other, by the addresses that they have
     QTest::addColumn<QString>("dialled");
-    QTest::newRow("local alone") << "local"_s << "local"_s;
-    QTest::newRow("remote alone") << "remote"_s << "remote"_s;
-    QTest::newRow("local wins") << "local+remote"_s << "local"_s;
+    QTest::newRow("local alone") << "local"_s
+                                 << "local"_s;
+    QTest::newRow("remote alone") << "remote"_s
+                                  << "remote"_s;
+    QTest::newRow("local wins") << "local+remote"_s
+                                << "local"_s;
     QTest::newRow("remote after local dials the empty local address") << "local remote"_s << QString();
-    QTest::newRow("local after remote") << "remote local"_s << "local"_s;
-    QTest::newRow("remote after local and none") << "local none remote"_s << "remote"_s;
+    QTest::newRow("local after remote") << "remote local"_s
+                                        << "local"_s;
+    QTest::newRow("remote after local and none") << "local none remote"_s
+                                                 << "remote"_s;
     QTest::newRow("none") << "none"_s << QString();
 }
 
@@ -408,7 +424,8 @@ void TestLink::silentRedial()
     Q_EMIT house.link.requireSendCommand("2000|100|7|30"_s);
     QTRY_COMPARE(house.device.messages().size(), 3);
     house.device.broadcast(DeviceMessages::KeepAlive);
-    house.device.sendRaw("halfAFrameThatNeverEnds"); // in one write with the poll, so it has come when that is answered
+    house.device.sendRaw(
+        "halfAFrameThatNeverEnds"); // in one write with the poll, so it has come when that is answered
     QTRY_COMPARE(house.device.messages().size(), 4);
     house.said.clear();
     house.commands.clear();
@@ -441,8 +458,8 @@ void TestLink::textsOfATrouble()
     if (trouble == "nobody"_s)
         house.device.stopListening();
     house.start();
-    QStringList expected{"show"_s, connecting, authenticating, unreachable, "show"_s, disconnected, "show"_s, "show"_s,
-                         connecting};
+    QStringList expected{"show"_s,     connecting, authenticating, unreachable, "show"_s,
+                         disconnected, "show"_s,   "show"_s,       connecting};
     if (trouble == "nobody"_s)
         expected.removeAll(authenticating);
     QTRY_VERIFY(house.said.size() >= expected.size());
@@ -556,7 +573,8 @@ void TestLink::rubbishIsDropped()
     QTRY_COMPARE(house.firstConnected, 1);
     house.commands.clear();
     house.device.sendRaw("no Base64 at all %%%AAAA%%%%%%");
-    for (const QString &text : {"1"_s, "1|"_s, "1|BROAD"_s, "1|broad|3|x"_s, "|BROAD|3|x"_s, "1|NEWS|3|x"_s, QString()})
+    for (const QString &text :
+         {"1"_s, "1|"_s, "1|BROAD"_s, "1|broad|3|x"_s, "|BROAD|3|x"_s, "1|NEWS|3|x"_s, QString()})
         house.device.sendPlain(text);
     house.settle();
     QCOMPARE(house.commands, QList<QStringList>());

@@ -25,15 +25,25 @@ QString mirrorOf(Halvora *halvora)
 {
     QStringList texts;
     for (const Output *output : listed(halvora->outputs())) {
-        texts << "o%1=%2(%3 %4 %5 %6 %7 %8)<%9"_s.arg(output->index()).arg(output->name()).arg(output->volume())
-                     .arg(int(output->mute())).arg(output->bass()).arg(output->middle()).arg(output->treble())
-                     .arg(output->loudness()).arg(output->selectedSource() ? output->selectedSource()->index() : -1);
+        texts << "o%1=%2(%3 %4 %5 %6 %7 %8)<%9"_s.arg(output->index())
+                     .arg(output->name())
+                     .arg(output->volume())
+                     .arg(int(output->mute()))
+                     .arg(output->bass())
+                     .arg(output->middle())
+                     .arg(output->treble())
+                     .arg(output->loudness())
+                     .arg(output->selectedSource() ? output->selectedSource()->index() : -1);
     }
     for (const Source *source : listed(halvora->sources())) {
         const HalvoraPlayer *player = source->player();
-        texts << "s%1=%2(%3)%4"_s.arg(source->index()).arg(source->name()).arg(source->volume())
-                     .arg(player ? "p%1 %2:%3"_s.arg(player->sourceRef()).arg(player->ipAddress(), player->port())
-                                 : QString());
+        texts << "s%1=%2(%3)%4"_s.arg(source->index())
+                     .arg(source->name())
+                     .arg(source->volume())
+                     .arg(
+                         player
+                             ? "p%1 %2:%3"_s.arg(player->sourceRef()).arg(player->ipAddress(), player->port())
+                             : QString());
         if (player && player->airPlay())
             texts.last() += "*%1/%2/%3/%4"_s.arg(player->airPlayTrack(), player->airPlayAlbum(),
                                                  player->airPlayArtist(), player->airPlayImage());
@@ -81,7 +91,8 @@ struct House
     House()
     {
         DeviceState state;
-        state.outputs = {{7, "Kitchen"_s, 20, false, 1, 2, 3, 4, 2}, {3, "Hall"_s, 30, true, 0, 0, 0, 0, 9},
+        state.outputs = {{7, "Kitchen"_s, 20, false, 1, 2, 3, 4, 2},
+                         {3, "Hall"_s, 30, true, 0, 0, 0, 0, 9},
                          {12, "Attic"_s, 40, false, 0, 0, 0, 0, -1}};
         state.sources.resize(2);
         state.sources[0].index = 9;
@@ -167,43 +178,59 @@ void TestModel::messages_data()
     const QString routed = "o5=E(0 0 0 0 0 0)<4 s3=R(0) s4=D(0)"_s;
     const QStringList toRoute{"1|BROAD|1|100|5@E"_s, "1|BROAD|0|100|4@D@0|3@R@0"_s, "1|BROAD|2|100|5@4"_s};
     QTest::newRow("outputs, in ascending order") << QStringList() << outputs << o259 << "h.outputsChanged"_s;
-    QTest::newRow("outputs, renamed, none removed") << QStringList{outputs} << "1|BROAD|1|100|5@Five@x"_s
-        << QString(o259).replace("5=E"_s, "5=Five"_s) << "o5.nameChanged h.outputsChanged"_s;
+    QTest::newRow("outputs, renamed, none removed")
+        << QStringList{outputs} << "1|BROAD|1|100|5@Five@x"_s << QString(o259).replace("5=E"_s, "5=Five"_s)
+        << "o5.nameChanged h.outputsChanged"_s;
     QTest::newRow("outputs, none") << QStringList() << "1|BROAD|1"_s << QString() << "h.outputsChanged"_s;
     QTest::newRow("sources, in ascending order") << QStringList() << sources << "s3=Radio(0) s4=Deck(0)"_s
-        << "h.sourcesChanged"_s;
-    QTest::newRow("sources, none") << QStringList{sources} << "1|BROAD|0|100"_s << "s3=Radio(0) s4=Deck(0)"_s
-        << "h.sourcesChanged"_s;
+                                                 << "h.sourcesChanged"_s;
+    QTest::newRow("sources, none") << QStringList{sources} << "1|BROAD|0|100"_s
+                                   << "s3=Radio(0) s4=Deck(0)"_s
+                                   << "h.sourcesChanged"_s;
     QTest::newRow("a source with an address") << QStringList() << "1|BROAD|0|100|6@Box@1@127.0.0.1@6681"_s
-        << "s6=Box(0)p6 127.0.0.1:6681"_s << "h.sourcesChanged"_s;
+                                              << "s6=Box(0)p6 127.0.0.1:6681"_s
+                                              << "h.sourcesChanged"_s;
     QTest::newRow("a source that loses its player") << QStringList{player} << "1|BROAD|0|100|6@Box@0"_s
-        << "s6=Box(0)"_s << "s6.nameChanged s6.playerChanged h.sourcesChanged"_s;
+                                                    << "s6=Box(0)"_s
+                                                    << "s6.nameChanged s6.playerChanged h.sourcesChanged"_s;
     QTest::newRow("routes, set") << QStringList(toRoute.mid(0, 2)) << toRoute.at(2) << routed
-        << "o5.selectedSourceChanged h.routesUpdated"_s;
+                                 << "o5.selectedSourceChanged h.routesUpdated"_s;
     QTest::newRow("routes, unchanged") << toRoute << toRoute.at(2) << routed << "h.routesUpdated"_s;
-    QTest::newRow("routes, changed") << toRoute << "1|BROAD|2|100|5@3"_s << QString(routed).replace("<4"_s, "<3"_s)
+    QTest::newRow("routes, changed") << toRoute << "1|BROAD|2|100|5@3"_s
+                                     << QString(routed).replace("<4"_s, "<3"_s)
+                                     << "o5.selectedSourceChanged h.routesUpdated"_s;
+    QTest::newRow("routes, cleared by the output alone")
+        << toRoute << "1|BROAD|2|100|5"_s << QString(routed).replace("<4"_s, "<-1"_s)
         << "o5.selectedSourceChanged h.routesUpdated"_s;
-    QTest::newRow("routes, cleared by the output alone") << toRoute << "1|BROAD|2|100|5"_s
-        << QString(routed).replace("<4"_s, "<-1"_s) << "o5.selectedSourceChanged h.routesUpdated"_s;
-    QTest::newRow("state of an output") << QStringList{"1|BROAD|1|100|5@E"_s} << "1|BROAD|3|100|5|70|1|-3|0|4|9"_s
-        << "o5=E(70 1 -3 0 4 9)<-1"_s << "o5.volumeChanged o5.muteChanged o5.bassChanged o5.middleChanged "
-        "o5.trebleChanged o5.loudnessChanged"_s;
-    QTest::newRow("state of an output, unchanged") << QStringList{"1|BROAD|1|100|5@E"_s} << "1|BROAD|3|100|5|0|0|0|0|0|0"_s
-        << "o5=E(0 0 0 0 0 0)<-1"_s << "o5.volumeChanged o5.muteChanged o5.bassChanged o5.middleChanged "
-        "o5.trebleChanged o5.loudnessChanged"_s;
+    QTest::newRow("state of an output")
+        << QStringList{"1|BROAD|1|100|5@E"_s} << "1|BROAD|3|100|5|70|1|-3|0|4|9"_s
+        << "o5=E(70 1 -3 0 4 9)<-1"_s
+        << "o5.volumeChanged o5.muteChanged o5.bassChanged o5.middleChanged "
+           "o5.trebleChanged o5.loudnessChanged"_s;
+    QTest::newRow("state of an output, unchanged")
+        << QStringList{"1|BROAD|1|100|5@E"_s} << "1|BROAD|3|100|5|0|0|0|0|0|0"_s
+        << "o5=E(0 0 0 0 0 0)<-1"_s
+        << "o5.volumeChanged o5.muteChanged o5.bassChanged o5.middleChanged "
+           "o5.trebleChanged o5.loudnessChanged"_s;
     QTest::newRow("volume of a source") << QStringList{sources} << "1|BROAD|4|100|3|44"_s
-        << "s3=Radio(44) s4=Deck(0)"_s << "s3.volumeChanged"_s;
-    QTest::newRow("AirPlay on") << QStringList{player} << airPlayOn << "s6=Box(0)p6 :6680*T/A/R/I"_s
+                                        << "s3=Radio(44) s4=Deck(0)"_s
+                                        << "s3.volumeChanged"_s;
+    QTest::newRow("AirPlay on")
+        << QStringList{player} << airPlayOn << "s6=Box(0)p6 :6680*T/A/R/I"_s
         << "p6.airPlayChanged p6.airPlayTrackChanged p6.airPlayAlbumChanged p6.airPlayArtistChanged p6.airPlayImageChanged"_s;
-    QTest::newRow("AirPlay off") << QStringList{player, airPlayOn} << "1|BROAD|10|100|6|0|a|b|c|d"_s
+    QTest::newRow("AirPlay off")
+        << QStringList{player, airPlayOn} << "1|BROAD|10|100|6|0|a|b|c|d"_s
         << "s6=Box(0)p6 :6680"_s
         << "p6.airPlayChanged p6.airPlayTrackChanged p6.airPlayAlbumChanged p6.airPlayArtistChanged p6.airPlayImageChanged"_s;
-    QTest::newRow("AirPlay with nine fields keeps the texts") << QStringList{player, airPlayOn}
-        << "1|BROAD|10|100|6|1|a|b|c"_s << "s6=Box(0)p6 :6680*T/A/R/I"_s << "p6.airPlayChanged"_s;
+    QTest::newRow("AirPlay with nine fields keeps the texts")
+        << QStringList{player, airPlayOn} << "1|BROAD|10|100|6|1|a|b|c"_s
+        << "s6=Box(0)p6 :6680*T/A/R/I"_s
+        << "p6.airPlayChanged"_s;
     QTest::newRow("preset slots, in their order") << QStringList() << "1|BROAD|25|100|9@Nine@m3u:n|2@Two@"_s
-        << "e9=Nine<m3u:n e2=Two<"_s << "h.playlistEntriesChanged"_s;
-    QTest::newRow("preset slots, emptied") << QStringList{"1|BROAD|25|100|9@Nine@m3u:n"_s} << "1|BROAD|25|100"_s
-        << QString() << "h.playlistEntriesChanged"_s;
+                                                  << "e9=Nine<m3u:n e2=Two<"_s
+                                                  << "h.playlistEntriesChanged"_s;
+    QTest::newRow("preset slots, emptied") << QStringList{"1|BROAD|25|100|9@Nine@m3u:n"_s}
+                                           << "1|BROAD|25|100"_s << QString() << "h.playlistEntriesChanged"_s;
 }
 
 void TestModel::messages()
@@ -276,26 +303,41 @@ void TestModel::actions_data()
     const auto row = [](const char *name, Action action, const QString &text = QString()) {
         QTest::newRow(name) << action << text;
     };
-    row("volume", [](Halvora *h) { h->actionSetVolumeForOutput(30, 7); }, "2000|100|7|30"_s);
+    row(
+        "volume", [](Halvora *h) { h->actionSetVolumeForOutput(30, 7); }, "2000|100|7|30"_s);
     row("volume, by a position", [](Halvora *h) { h->actionSetVolumeForOutput(30, 0); });
-    row("mute", [](Halvora *h) { h->actionSetMuteForOutput(true, 12); }, "2001|100|12|1"_s);
-    row("mute off", [](Halvora *h) { h->actionSetMuteForOutput(false, 3); }, "2001|100|3|0"_s);
+    row(
+        "mute", [](Halvora *h) { h->actionSetMuteForOutput(true, 12); }, "2001|100|12|1"_s);
+    row(
+        "mute off", [](Halvora *h) { h->actionSetMuteForOutput(false, 3); }, "2001|100|3|0"_s);
     row("mute, unknown output", [](Halvora *h) { h->actionSetMuteForOutput(true, 2); });
-    row("equaliser", [](Halvora *h) { h->actionSetEqualizerForOutput("7|1|-2|3|4"_s); }, "2002|100|7|1|-2|3|4"_s);
-    row("equaliser, unchecked", [](Halvora *h) { h->actionSetEqualizerForOutput("any thing"_s); }, "2002|100|any thing"_s);
-    row("matrix, first and first", [](Halvora *h) { h->actionSetMatrixSetting(0, 0); }, "2003|100|3@2"_s);
-    row("matrix, last and last", [](Halvora *h) { h->actionSetMatrixSetting(1, 2); }, "2003|100|12@9"_s);
-    row("matrix, no source", [](Halvora *h) { h->actionSetMatrixSetting(-1, 1); }, "2003|100|7@-1"_s);
+    row(
+        "equaliser", [](Halvora *h) { h->actionSetEqualizerForOutput("7|1|-2|3|4"_s); },
+        "2002|100|7|1|-2|3|4"_s);
+    row(
+        "equaliser, unchecked", [](Halvora *h) { h->actionSetEqualizerForOutput("any thing"_s); },
+        "2002|100|any thing"_s);
+    row(
+        "matrix, first and first", [](Halvora *h) { h->actionSetMatrixSetting(0, 0); }, "2003|100|3@2"_s);
+    row(
+        "matrix, last and last", [](Halvora *h) { h->actionSetMatrixSetting(1, 2); }, "2003|100|12@9"_s);
+    row(
+        "matrix, no source", [](Halvora *h) { h->actionSetMatrixSetting(-1, 1); }, "2003|100|7@-1"_s);
     row("matrix, source -2", [](Halvora *h) { h->actionSetMatrixSetting(-2, 0); });
     row("matrix, source by index", [](Halvora *h) { h->actionSetMatrixSetting(2, 0); });
     row("matrix, output by index", [](Halvora *h) { h->actionSetMatrixSetting(0, 3); });
     row("matrix, output -1", [](Halvora *h) { h->actionSetMatrixSetting(0, -1); });
     row("matrix, neither", [](Halvora *h) { h->actionSetMatrixSetting(-1, -1); });
-    row("volume of a source", [](Halvora *h) { h->actionSetVolumeForSource(-5, 9); }, "2004|100|9|-5"_s);
+    row(
+        "volume of a source", [](Halvora *h) { h->actionSetVolumeForSource(-5, 9); }, "2004|100|9|-5"_s);
     row("volume of a source, by a position", [](Halvora *h) { h->actionSetVolumeForSource(5, 1); });
-    row("rename", [](Halvora *h) { h->actionRenamePlaylist("m3u:a"_s, u8"Früh|stück"_s); }, u8"2010|100|m3u:a|Früh|stück"_s);
-    row("delete", [](Halvora *h) { h->actionDeletePlaylist("m3u:a b"_s); }, "2011|100|m3u:a b"_s);
-    row("associate", [](Halvora *h) { h->actionAssociatePlaylist(3, "x"_s); }, "2012|100|x|3"_s);
+    row(
+        "rename", [](Halvora *h) { h->actionRenamePlaylist("m3u:a"_s, u8"Früh|stück"_s); },
+        u8"2010|100|m3u:a|Früh|stück"_s);
+    row(
+        "delete", [](Halvora *h) { h->actionDeletePlaylist("m3u:a b"_s); }, "2011|100|m3u:a b"_s);
+    row(
+        "associate", [](Halvora *h) { h->actionAssociatePlaylist(3, "x"_s); }, "2012|100|x|3"_s);
 }
 
 void TestModel::actions()
@@ -321,16 +363,23 @@ void TestModel::actionComesBackAsAMessage_data()
     QTest::addColumn<Action>("action");
     QTest::addColumn<QString>("was");
     QTest::addColumn<QString>("is");
-    QTest::newRow("volume") << Action([](Halvora *h) { h->actionSetVolumeForOutput(66, 7); }) << "(20 "_s << "(66 "_s;
-    QTest::newRow("mute") << Action([](Halvora *h) { h->actionSetMuteForOutput(false, 3); }) << "(30 1"_s << "(30 0"_s;
+    QTest::newRow("volume") << Action([](Halvora *h) { h->actionSetVolumeForOutput(66, 7); }) << "(20 "_s
+                            << "(66 "_s;
+    QTest::newRow("mute") << Action([](Halvora *h) { h->actionSetMuteForOutput(false, 3); }) << "(30 1"_s
+                          << "(30 0"_s;
     QTest::newRow("equaliser") << Action([](Halvora *h) { h->actionSetEqualizerForOutput("7|9|8|-7|6"_s); })
-                               << "1 2 3 4)"_s << "9 8 -7 6)"_s;
-    QTest::newRow("route") << Action([](Halvora *h) { h->actionSetMatrixSetting(1, 1); }) << "<2"_s << "<9"_s;
-    QTest::newRow("no route") << Action([](Halvora *h) { h->actionSetMatrixSetting(-1, 0); }) << "<9"_s << "<-1"_s;
-    QTest::newRow("volume of a source") << Action([](Halvora *h) { h->actionSetVolumeForSource(9, 2); })
-                                        << "Deck(0)"_s << "Deck(9)"_s;
+                               << "1 2 3 4)"_s
+                               << "9 8 -7 6)"_s;
+    QTest::newRow("route") << Action([](Halvora *h) { h->actionSetMatrixSetting(1, 1); }) << "<2"_s
+                           << "<9"_s;
+    QTest::newRow("no route") << Action([](Halvora *h) { h->actionSetMatrixSetting(-1, 0); }) << "<9"_s
+                              << "<-1"_s;
+    QTest::newRow("volume of a source")
+        << Action([](Halvora *h) { h->actionSetVolumeForSource(9, 2); }) << "Deck(0)"_s
+        << "Deck(9)"_s;
     QTest::newRow("preset slot") << Action([](Halvora *h) { h->actionAssociatePlaylist(1, "m3u:b"_s); })
-                                 << "m3u:a"_s << "m3u:b"_s;
+                                 << "m3u:a"_s
+                                 << "m3u:b"_s;
 }
 
 void TestModel::actionComesBackAsAMessage()
@@ -364,7 +413,8 @@ void TestModel::cutDumpsGiveTheSameMirror()
 void TestModel::oddMessages_data()
 {
     messageColumns();
-    const QStringList house{"1|BROAD|1|100|0@Z|3@C"_s, "1|BROAD|0|100|4@D@0|6@Box@1"_s, "1|BROAD|2|100|3@4"_s};
+    const QStringList house{"1|BROAD|1|100|0@Z|3@C"_s, "1|BROAD|0|100|4@D@0|6@Box@1"_s,
+                            "1|BROAD|2|100|3@4"_s};
     const QString mirror = "o0=Z(0 0 0 0 0 0)<-1 o3=C(0 0 0 0 0 0)<4 s4=D(0) s6=Box(0)p6 :6680"_s;
     const auto ignored = [&](const QString &message, const QString &heard = QString()) {
         QTest::newRow(qPrintable(message)) << house << message << mirror << heard;
@@ -386,13 +436,16 @@ void TestModel::oddMessages_data()
     ignored("1|BROAD|10|100|99|1|T|A|R|I"_s);
     ignored("1|BROAD|25|100|1@Name||"_s, "h.playlistEntriesChanged"_s);
     ignored("1|BROAD|26"_s);
-    QTest::newRow("numbers that are none count as 0") << house << "1|BROAD|3|100|x|a||1.5|b|c|d"_s << mirror
+    QTest::newRow("numbers that are none count as 0")
+        << house << "1|BROAD|3|100|x|a||1.5|b|c|d"_s << mirror
         << "o0.volumeChanged o0.muteChanged o0.bassChanged o0.middleChanged o0.trebleChanged o0.loudnessChanged"_s;
-    QTest::newRow("flags are set by 1 alone") << QStringList{"1|BROAD|1|100|3@C"_s} << "1|BROAD|3|100|3|0|true|0|0|0|0"_s
+    QTest::newRow("flags are set by 1 alone")
+        << QStringList{"1|BROAD|1|100|3@C"_s} << "1|BROAD|3|100|3|0|true|0|0|0|0"_s
         << "o3=C(0 0 0 0 0 0)<-1"_s
         << "o3.volumeChanged o3.muteChanged o3.bassChanged o3.middleChanged o3.trebleChanged o3.loudnessChanged"_s;
     QTest::newRow("an address without a port is none") << QStringList() << "1|BROAD|0|100|6@Box@1@10.0.0.1"_s
-        << "s6=Box(0)p6 :6680"_s << "h.sourcesChanged"_s;
+                                                       << "s6=Box(0)p6 :6680"_s
+                                                       << "h.sourcesChanged"_s;
 }
 
 void TestModel::oddMessages()

@@ -32,7 +32,8 @@ QByteArray scene(const QByteArrayList &modules)
     for (const QByteArray &module : modules)
         text += "import com.kestrum." + module + " 1.0\n";
     return text
-        + "MainTabController { property Theme theme: Theme {} property Device device: Device { localPort: 7 }\n"
+        + "MainTabController { property Theme theme: Theme {} property Device device: Device { localPort: 7 "
+          "}\n"
           "    property string word: translator.translate(\"album\")\n"
           "    property DynamicTranslator translator: DynamicTranslator {} }";
 }
@@ -52,7 +53,8 @@ void TestModules::importsInAnyOrder()
     QFETCH(QByteArrayList, modules);
     // A module line would make the import fail, as the types come with the engine. Qt says once that it is not there.
     if (m_engines.isEmpty())
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("does not contain a module identifier directive"_s));
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression("does not contain a module identifier directive"_s));
     m_engines.append(QSharedPointer<QQmlEngine>::create());
     QQmlEngine *engine = m_engines.constLast().data();
     engine->addImportPath(QStringLiteral(HALVORA_QML));

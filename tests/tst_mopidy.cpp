@@ -27,8 +27,8 @@ public:
     QJsonValue found = QJsonValue::Undefined;
 };
 
-const QStringList titles{"Cast Off"_s, "Gulls"_s, "Open Water"_s, "Rafters"_s, "Dust and Light"_s, "Skylight"_s,
-                         "Übermorgen"_s, "Große Straße"_s};
+const QStringList titles{"Cast Off"_s,       "Gulls"_s,    "Open Water"_s, "Rafters"_s,
+                         "Dust and Light"_s, "Skylight"_s, "Übermorgen"_s, "Große Straße"_s};
 
 } // namespace
 
@@ -65,7 +65,10 @@ private Q_SLOTS:
 
 private:
     QJsonArray answerTo(int id);
-    QJsonArray browse(const QString &uri) { return answerTo(m_player.actionBrowse(uri, &m_reader, "browseAnswer")); }
+    QJsonArray browse(const QString &uri)
+    {
+        return answerTo(m_player.actionBrowse(uri, &m_reader, "browseAnswer"));
+    }
     QStringList allTracks();
     void queueTracks(int count);
     QStringList queueTitles();
@@ -181,7 +184,8 @@ void TestMopidy::looksUpTracks()
     QTRY_VERIFY(m_reader.answers.contains(id));
     const QJsonObject tracks = m_reader.answers.take(id).toObject();
     for (int i = 0; i < uris.size(); ++i)
-        QCOMPARE(tracks.value(uris.at(i)).toArray().first().toObject().value("name"_s).toString(), titles.at(i));
+        QCOMPARE(tracks.value(uris.at(i)).toArray().first().toObject().value("name"_s).toString(),
+                 titles.at(i));
 }
 
 void TestMopidy::picturesDownload()
@@ -242,7 +246,8 @@ void TestMopidy::shuffleAndRepeat()
 void TestMopidy::queueIsTheTracklist()
 {
     queueTracks(2);
-    m_player.actionPlayAdd({allTracks().at(5)}, 1, false); // in the middle there, at the end by its number here
+    m_player.actionPlayAdd({allTracks().at(5)}, 1,
+                           false); // in the middle there, at the end by its number here
     QTRY_COMPARE(queueTitles(), (QStringList{"Cast Off"_s, "Gulls"_s, "Skylight"_s}));
     const QList<int> tlids = m_player.queueTlid();
     QVERIFY(std::is_sorted(tlids.begin(), tlids.end()));
@@ -298,9 +303,12 @@ void TestMopidy::searches_data()
     QTest::addColumn<QString>("filter");
     QTest::addColumn<QStringList>("names");
     QTest::newRow("everywhere") << "Skylight"_s << QString() << QStringList{"Skylight"_s};
-    QTest::newRow("one service") << "Gulls"_s << "local"_s << QStringList{"Gulls"_s};
-    QTest::newRow("not in that one") << "Gulls"_s << "m3u"_s << QStringList();
-    QTest::newRow("beyond ASCII") << "Straße"_s << "local"_s << QStringList{"Große Straße"_s};
+    QTest::newRow("one service") << "Gulls"_s
+                                 << "local"_s << QStringList{"Gulls"_s};
+    QTest::newRow("not in that one") << "Gulls"_s
+                                     << "m3u"_s << QStringList();
+    QTest::newRow("beyond ASCII") << "Straße"_s
+                                  << "local"_s << QStringList{"Große Straße"_s};
 }
 
 void TestMopidy::searches()

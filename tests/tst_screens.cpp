@@ -6,6 +6,9 @@
 
 #include "player/PlayerTiming.h"
 
+#include <QQmlComponent>
+#include <QQmlEngine>
+
 /**
  * The two screens as a person uses them: mouse events on a real window, and what then reaches the device and the
  * music server.
@@ -43,6 +46,8 @@ private Q_SLOTS:
     void overlayTellsAndBlocks();
     void screenIsRightAfterHaste();
     void markupIsShownAsText();
+    void deviceWithoutOutputsIsCalm();
+    void hostThatForgetsTheScreensIsCalm();
     void screensFit_data();
     void screensFit();
 };
@@ -55,12 +60,24 @@ QPoint centreOf(const QQuickItem *item)
 }
 
 // Where the controls of the row at `row` of the outputs are, in a window of 450 by 640.
-QPoint muteOf(int row) { return {415, 65 + 90 * row + 40}; }
-QPoint sliderOf(int row, qreal part) { return {105 + qRound(315 * part), 65 + 90 * row + 75}; }
-QPoint coverOf(int row) { return {52, 65 + 90 * row + 44}; }
+QPoint muteOf(int row)
+{
+    return {415, 65 + 90 * row + 40};
+}
+QPoint sliderOf(int row, qreal part)
+{
+    return {105 + qRound(315 * part), 65 + 90 * row + 75};
+}
+QPoint coverOf(int row)
+{
+    return {52, 65 + 90 * row + 44};
+}
 
 // Cells of the open matrix of the outputs: two columns of 160 behind the titles.
-QPoint cellAt(int row, int column) { return {115 + 160 * column + 80, 65 + 150 + 50 * row + 25}; }
+QPoint cellAt(int row, int column)
+{
+    return {115 + 160 * column + 80, 65 + 150 + 50 * row + 25};
+}
 
 const QPoint matrixButton(410, 40);
 const QPoint showAll(45, 40);
@@ -77,8 +94,9 @@ void ScreensTest::outputsShowTheDevice()
 {
     ClientWindow client;
     QVERIFY(client.showOutputs());
-    QCOMPARE(client.texts(), (QStringList{"Show all"_s, "Show by source"_s, "Terrace"_s, "Music"_s, "Kitchen"_s,
-                                          "Radio"_s, "Bath"_s, "Music"_s}));
+    QCOMPARE(client.texts(),
+             (QStringList{"Show all"_s, "Show by source"_s, "Terrace"_s, "Music"_s, "Kitchen"_s, "Radio"_s,
+                          "Bath"_s, "Music"_s}));
     for (int row = 0; row < 3; ++row) {
         QCOMPARE(client.item("HorizontalSlider"_s, row)->property("value").toInt(),
                  client.device.state().outputs.at(row).volume);
@@ -96,7 +114,8 @@ void ScreensTest::clicksReachTheDevice_data()
     QTest::newRow("unmute another") << QList<QPoint>{muteOf(1)} << "2001|100|7|0"_s;
     QTest::newRow("half volume") << QList<QPoint>{sliderOf(2, 0.5)} << "2000|100|12|50"_s;
     QTest::newRow("full volume") << QList<QPoint>{sliderOf(0, 0.999)} << "2000|100|3|100"_s;
-    QTest::newRow("route to the other source") << QList<QPoint>{matrixButton, cellAt(0, 1)} << "2003|100|3@9"_s;
+    QTest::newRow("route to the other source")
+        << QList<QPoint>{matrixButton, cellAt(0, 1)} << "2003|100|3@9"_s;
     QTest::newRow("route in the middle row") << QList<QPoint>{matrixButton, cellAt(1, 0)} << "2003|100|7@2"_s;
     QTest::newRow("the knob switches off") << QList<QPoint>{matrixButton, cellAt(2, 0)} << "2003|100|12@-1"_s;
 }
@@ -154,14 +173,18 @@ void ScreensTest::groupsBySource()
     QVERIFY(client.showOutputs());
     client.click(showBySource);
     const QStringList bars{"Show all"_s, "Show by source"_s};
-    QTRY_COMPARE(client.texts(), bars + QStringList({"Music"_s, "Terrace"_s, "Music"_s, "Bath"_s, "Music"_s,
-                                                     "Radio"_s, "Kitchen"_s, "Radio"_s}));
+    QTRY_COMPARE(client.texts(),
+                 bars
+                     + QStringList({"Music"_s, "Terrace"_s, "Music"_s, "Bath"_s, "Music"_s, "Radio"_s,
+                                    "Kitchen"_s, "Radio"_s}));
     client.device.setRoute(3, 9);
-    QTRY_COMPARE(client.texts(), bars + QStringList({"Music"_s, "Bath"_s, "Music"_s, "Radio"_s, "Terrace"_s,
-                                                     "Radio"_s, "Kitchen"_s, "Radio"_s}));
+    QTRY_COMPARE(client.texts(),
+                 bars
+                     + QStringList({"Music"_s, "Bath"_s, "Music"_s, "Radio"_s, "Terrace"_s, "Radio"_s,
+                                    "Kitchen"_s, "Radio"_s}));
     client.click(showAll);
-    QTRY_COMPARE(client.texts(), bars + QStringList({"Terrace"_s, "Radio"_s, "Kitchen"_s, "Radio"_s, "Bath"_s,
-                                                     "Music"_s}));
+    QTRY_COMPARE(client.texts(),
+                 bars + QStringList({"Terrace"_s, "Radio"_s, "Kitchen"_s, "Radio"_s, "Bath"_s, "Music"_s}));
 }
 
 void ScreensTest::bandsMoveTheirSource()
@@ -439,6 +462,40 @@ void ScreensTest::markupIsShownAsText()
     QTRY_VERIFY(client.showsText(outputs[0].name));
     QCOMPARE(client.itemWithText(outputs[0].name)->property("textFormat").toInt(), 0);
     QCOMPARE(client.itemWithText(outputs[0].name)->property("lineCount").toInt(), 1);
+}
+
+void ScreensTest::deviceWithoutOutputsIsCalm()
+{
+    ClientWindow client;
+    client.device.setState({});
+    QVERIFY(client.show());
+    QTRY_COMPARE(client.device.joinedConnections(), 1);
+    QTRY_VERIFY(!client.item("ConnectionOverlay"_s));
+    client.click(showBySource);
+    client.click(showAll);
+    client.click(matrixButton);
+    QTRY_COMPARE(client.item("MatrixPopup"_s)->y(), 65.0);
+    client.click(cellAt(0, 0));
+    client.selectTab(1);
+    QCOMPARE(client.texts(), (QStringList{"Output"_s, "Source"_s}));
+}
+
+void ScreensTest::hostThatForgetsTheScreensIsCalm()
+{
+    ClientWindow client; // for its types
+    QQmlEngine engine;
+    QQmlComponent component(&engine);
+    component.setData("import QtQuick 2.0\nimport com.kestrum.halvoraint 1.0\n"
+                      "Item { property alias menu: menu\n"
+                      "    Item { id: menu; property int currentIndex: -1 }\n"
+                      "    Item { id: box }\n"
+                      "    MainTabController { menuListView: menu; containerView: box } }",
+                      QUrl());
+    const QScopedPointer<QObject> scene(component.create());
+    QVERIFY2(scene, qPrintable(component.errorString()));
+    QObject *menu = scene->property("menu").value<QObject *>();
+    for (const int index : {0, 1, 7, 0, -1})
+        QVERIFY(menu->setProperty("currentIndex", index));
 }
 
 void ScreensTest::screensFit_data()

@@ -16,7 +16,7 @@ namespace {
 
 const char tooLarge[] = "tooLarge"; // marks a reply that was cut off
 
-void abortBeyond(QNetworkReply *reply, qint64 bytes)
+void endBeyond(QNetworkReply *reply, qint64 bytes)
 {
     if (bytes <= PictureDecoder::maxBytes || reply->isFinished())
         return;
@@ -24,14 +24,16 @@ void abortBeyond(QNetworkReply *reply, qint64 bytes)
     reply->abort();
 }
 
-// Ends a body that is announced, or turns out, to be beyond all bounds before it fills the memory.
+// Ends a body that is announced, or turns out, to be beyond all bounds. The read buffer stops the network from
+// running ahead of the look at it.
 void boundBody(QNetworkReply *reply)
 {
+    reply->setReadBufferSize(PictureDecoder::maxBytes + 1);
     QObject::connect(reply, &QNetworkReply::metaDataChanged, reply, [reply] {
-        abortBeyond(reply, reply->header(QNetworkRequest::ContentLengthHeader).toLongLong());
+        endBeyond(reply, reply->header(QNetworkRequest::ContentLengthHeader).toLongLong());
     });
-    QObject::connect(reply, &QNetworkReply::downloadProgress, reply,
-                     [reply](qint64 received, qint64) { abortBeyond(reply, received); });
+    QObject::connect(reply, &QNetworkReply::readyRead, reply,
+                     [reply] { endBeyond(reply, reply->bytesAvailable()); });
 }
 
 // Items live and die in the GUI thread, so whether this one is still there is asked there.
@@ -63,7 +65,7 @@ void ImageDownloader::endInstance()
 ImageDownloader::ImageDownloader(QObject *parent) : QThread(parent)
 {
     s_instance = this;
-    moveToThread(this); // so that its slots are served by its own thread
+    moveToThread(this); // replies are handled where they are fetched
     start(QThread::InheritPriority);
 }
 
@@ -105,7 +107,8 @@ void ImageDownloader::requestImage(const QString &uri, QQuickItem *item)
         m_pendingRequests.insert(uri, item);
     }
     // The manager serves its own thread only. Posted to a thread that is still starting, the call waits for it.
-    QMetaObject::invokeMethod(this, [this, uri] { startDownload(uri); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, uri] { startDownload(uri); }, Qt::QueuedConnection);
 }
 
 void ImageDownloader::startDownload(const QString &uri)
@@ -118,7 +121,7 @@ void ImageDownloader::discardImage(const QString &uri, QQuickItem *item)
 {
     const QMutexLocker lock(&m_mutex);
     const auto entry = m_pendingRequests.find(uri);
-    if (entry != m_pendingRequests.end() && (entry.value() == item || entry.value().isNull()))
+    if (entry != m_pendingRequests.end() && entry.value() == item)
         m_pendingRequests.erase(entry);
 }
 

@@ -45,7 +45,8 @@ constexpr quint32 rotated(quint32 value, int bits)
 
 // Substitution and column mixing joined in one lookup each way; the boxes are worked out by the compiler from
 // the field's arithmetic, so there is no table of literals to mistype.
-struct Tables {
+struct Tables
+{
     std::array<quint8, 256> box{};
     std::array<quint8, 256> inverseBox{};
     std::array<std::array<quint32, 256>, 4> forward{};
@@ -164,7 +165,8 @@ Block transformed(Block state, const Schedule &schedule, const std::array<std::a
         Block next{};
         for (size_t c = 0; c < 4; ++c) {
             next[c] = mix[0][byteOf(state[c], 0)] ^ mix[1][byteOf(state[(c + Shift) % 4], 1)]
-                ^ mix[2][byteOf(state[(c + 2) % 4], 2)] ^ mix[3][byteOf(state[(c + 3 * Shift) % 4], 3)] ^ key[c];
+                ^ mix[2][byteOf(state[(c + 2) % 4], 2)] ^ mix[3][byteOf(state[(c + 3 * Shift) % 4], 3)]
+                ^ key[c];
         }
         state = next;
     }
@@ -192,7 +194,8 @@ QByteArray Aes128::encryptCbc(const QByteArray &data, const QByteArray &key, con
     QByteArray result(data.size(), Qt::Uninitialized);
     Block chain = load(vector.constData());
     for (int at = 0; at < data.size(); at += blockSize) {
-        chain = transformed<1>(added(load(data.constData() + at), chain), schedule, tables.forward, tables.box);
+        chain = transformed<1>(added(load(data.constData() + at), chain), schedule, tables.forward,
+                               tables.box);
         store(chain, result.data() + at);
     }
     return result;

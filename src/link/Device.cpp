@@ -75,7 +75,8 @@ QString objectToJson(QObject *object)
         const QMetaProperty property = meta->property(i);
         values.insert(QString::fromLatin1(property.name()), property.read(object));
     }
-    return QString::fromUtf8(QJsonDocument(QJsonObject::fromVariantMap(values)).toJson(QJsonDocument::Compact));
+    return QString::fromUtf8(
+        QJsonDocument(QJsonObject::fromVariantMap(values)).toJson(QJsonDocument::Compact));
 }
 
 bool objectFromJson(QObject *object, const QString &json)

@@ -7,7 +7,7 @@
 #include <QVariantHash>
 
 /**
- * The plain record of one device as the host knows it: where to reach it and how to log in.
+ * One device as it is dialled: its addresses, the login, and what else a host wants to note about it.
  *
  * Made in the GUI thread, by MainTabController or by QML, and never deleted by the library. The link's thread
  * reads the addresses when it starts, so the record is not written while the link runs. Nothing is checked:
@@ -23,8 +23,8 @@ class Device : public QObject
     Q_PROPERTY(int remotePort READ remotePort WRITE setRemotePort NOTIFY remotePortChanged)
     Q_PROPERTY(QString username READ username WRITE setUsername NOTIFY usernameChanged)
     Q_PROPERTY(QString password READ password WRITE setPassword NOTIFY passwordChanged)
-    Q_PROPERTY(QVariantHash propDictionary READ propDictionary WRITE setPropDictionary NOTIFY
-                   propDictionaryChanged)
+    Q_PROPERTY(
+        QVariantHash propDictionary READ propDictionary WRITE setPropDictionary NOTIFY propDictionaryChanged)
 
 public:
     explicit Device(QObject *parent = nullptr);

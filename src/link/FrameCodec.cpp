@@ -12,7 +12,7 @@ QByteArray linkKey()
     return QByteArrayLiteral("7391058264610275");
 }
 
-// Every message stands by itself: the chaining never carries over from one frame to the next.
+// Both sides start every frame here, so that each can be read without the one before.
 QByteArray zeroVector()
 {
     return QByteArray(Aes128::blockSize, '\0');

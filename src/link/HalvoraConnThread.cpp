@@ -17,8 +17,7 @@ constexpr int dumpEndCode = 500;
 
 QString digest(const QString &text)
 {
-    return QString::fromLatin1(
-        QCryptographicHash::hash(text.toLatin1(), QCryptographicHash::Md5).toHex());
+    return QString::fromLatin1(QCryptographicHash::hash(text.toLatin1(), QCryptographicHash::Md5).toHex());
 }
 
 } // namespace
@@ -133,8 +132,12 @@ QString HalvoraConnThread::loginText() const
     const QString clientToken = digest(QLatin1String("Halvora|") + m_uniqueID);
     const bool named = m_device && !m_device->username().isEmpty() && !m_device->password().isEmpty();
     const QStringList fields = named
-        ? QStringList{QStringLiteral("CONNECT"), m_uniqueID, m_device->username(), digest(m_device->password()),
-                      QStringLiteral("HalvoraEnvClient"), clientToken}
+        ? QStringList{QStringLiteral("CONNECT"),
+                      m_uniqueID,
+                      m_device->username(),
+                      digest(m_device->password()),
+                      QStringLiteral("HalvoraEnvClient"),
+                      clientToken}
         : QStringList{QStringLiteral("CONNECT"), m_uniqueID, QStringLiteral("default"), clientToken};
     return fields.join(QLatin1Char('|'));
 }

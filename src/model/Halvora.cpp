@@ -102,10 +102,10 @@ QQmlListProperty<PlaylistEntry> Halvora::playlistEntries()
 void Halvora::commandReceived(QStringList l)
 {
     static constexpr Code codes[] = {
-        {0, 0, &Halvora::parseSources},           {1, 0, &Halvora::parseOutputs},
-        {2, 0, &Halvora::parseRoutes},            {3, 11, &Halvora::parseOutputState},
-        {4, 6, &Halvora::parseSourceVolume},      {10, 6, &Halvora::parseAirPlay},
-        {25, 0, &Halvora::parsePlaylistEntries},  {26, 0, &Halvora::refreshPlaylists},
+        {0, 0, &Halvora::parseSources},          {1, 0, &Halvora::parseOutputs},
+        {2, 0, &Halvora::parseRoutes},           {3, 11, &Halvora::parseOutputState},
+        {4, 6, &Halvora::parseSourceVolume},     {10, 6, &Halvora::parseAirPlay},
+        {25, 0, &Halvora::parsePlaylistEntries}, {26, 0, &Halvora::refreshPlaylists},
     };
 
     if (l.size() < 3)

@@ -22,8 +22,8 @@ class HalvoraConnThread;
  * and hands it to the link: no limit, no retry, no answer, and nothing while there is no link. What it changes
  * shows when the device has answered.
  *
- * Outputs and sources are named by the device's own numbers (`index`), which need not start at 0 or be
- * contiguous; a position in a list is the rank of that number and no index. Nothing is ever removed from the
+ * Outputs and sources are named by the device's own numbers (`index`), any numbers in any gaps; a position in a
+ * list is the rank of that number and no index. Nothing is ever removed from the
  * lists. A message of the wrong shape, or about an unknown index, changes nothing.
  */
 class Halvora : public QObject
@@ -32,8 +32,8 @@ class Halvora : public QObject
     Q_PROPERTY(QObject *connPointer READ connPointer WRITE setConnPointer NOTIFY connPointerChanged)
     Q_PROPERTY(QQmlListProperty<Output> outputs READ outputs NOTIFY outputsChanged)
     Q_PROPERTY(QQmlListProperty<Source> sources READ sources NOTIFY sourcesChanged)
-    Q_PROPERTY(QQmlListProperty<PlaylistEntry> playlistEntries READ playlistEntries NOTIFY
-                   playlistEntriesChanged)
+    Q_PROPERTY(
+        QQmlListProperty<PlaylistEntry> playlistEntries READ playlistEntries NOTIFY playlistEntriesChanged)
 
 public:
     explicit Halvora(QObject *parent = nullptr);

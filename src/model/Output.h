@@ -24,7 +24,8 @@ class Output : public QObject
     Q_PROPERTY(int middle READ middle WRITE setMiddle NOTIFY middleChanged)
     Q_PROPERTY(int treble READ treble WRITE setTreble NOTIFY trebleChanged)
     Q_PROPERTY(int loudness READ loudness WRITE setLoudness NOTIFY loudnessChanged)
-    Q_PROPERTY(Source * selectedSource READ selectedSource WRITE setSelectedSource NOTIFY selectedSourceChanged)
+    Q_PROPERTY(
+        Source *selectedSource READ selectedSource WRITE setSelectedSource NOTIFY selectedSourceChanged)
 
 public:
     explicit Output(QObject *parent = nullptr);

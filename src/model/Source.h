@@ -18,7 +18,7 @@ class Source : public QObject
     Q_PROPERTY(int index READ index WRITE setIndex NOTIFY indexChanged)
     Q_PROPERTY(QString name READ name WRITE setName NOTIFY nameChanged)
     Q_PROPERTY(int volume READ volume WRITE setVolume NOTIFY volumeChanged)
-    Q_PROPERTY(HalvoraPlayer * player READ player WRITE setPlayer NOTIFY playerChanged)
+    Q_PROPERTY(HalvoraPlayer *player READ player WRITE setPlayer NOTIFY playerChanged)
 
 public:
     explicit Source(QObject *parent = nullptr);

@@ -66,7 +66,7 @@ public:
     /// A place for QML to note a position, -1 by default; nothing here reads it.
     int index() const { return m_index; }
     void setIndex(int index);
-    /// The device's number of the source this player belongs to, -1 by default.
+    /// The source behind which the server stands, by the device's number; -1 by default.
     int sourceRef() const { return m_sourceRef; }
     void setSourceRef(int sourceRef);
     /// Host of the server, "" by default. Read at each dial, not checked.
@@ -237,7 +237,6 @@ private:
     void tracklistChanged(const QJsonObject &message);
     void playlistEvent(const QJsonObject &message);
 
-    Song *newSong(const QJsonObject &track) const;
     void savePlaylist(QJsonObject playlist, const QJsonArray &tracks);
 
     QList<PlayerItem *> m_playlists;

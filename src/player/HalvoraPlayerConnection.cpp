@@ -32,6 +32,7 @@ struct HalvoraPlayer::Poll
 
 void HalvoraPlayer::startConnection()
 {
+    stopTicking();
     dropSocket();
     m_pendingHandlers.clear();
     m_nextRequestId = 0;
@@ -43,8 +44,8 @@ void HalvoraPlayer::startConnection()
     connect(m_socket, QOverload<QAbstractSocket::SocketError>::of(&QWebSocket::error), this,
             &HalvoraPlayer::socketError);
     connect(m_socket, &QWebSocket::textMessageReceived, this, &HalvoraPlayer::socketMessageReceived);
-    m_socket->open(QUrl(QLatin1String("ws://") + m_ipAddress + QLatin1Char(':') + m_port
-                        + QLatin1String("/mopidy/ws")));
+    m_socket->open(
+        QUrl(QLatin1String("ws://") + m_ipAddress + QLatin1Char(':') + m_port + QLatin1String("/mopidy/ws")));
 }
 
 void HalvoraPlayer::stopConnection()

@@ -66,6 +66,7 @@ void HalvoraPlayer::actionSearch(QString text, QString filter, QObject *rec, con
     if (!filter.isEmpty())
         uris = QJsonArray{QString(filter + QLatin1Char(':'))};
     post(QStringLiteral("core.library.search"),
-         {{QStringLiteral("query"), QJsonObject{{QStringLiteral("any"), text}}}, {QStringLiteral("uris"), uris}},
+         {{QStringLiteral("query"), QJsonObject{{QStringLiteral("any"), text}}},
+          {QStringLiteral("uris"), uris}},
          rec, hdl);
 }

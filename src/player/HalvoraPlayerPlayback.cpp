@@ -94,22 +94,13 @@ void HalvoraPlayer::updateTrackTime(QJsonValue v)
         m_currentSong->setCurrTime(TrackParser::wholeSeconds(v));
 }
 
-Song *HalvoraPlayer::newSong(const QJsonObject &track) const
-{
-    auto *song = new Song;
-    song->setUri(track.value(QLatin1String("uri")).toString());
-    song->setName(track.value(QLatin1String("name")).toString());
-    TrackParser::fillAlbumAndArtists(song, track);
-    return song;
-}
-
 void HalvoraPlayer::updateTrackInfo(QJsonValue v)
 {
     const QJsonObject track = v.toObject();
     if (!track.contains(QLatin1String("uri")))
         return;
     if (!m_currentSong || m_currentSong->uri() != track.value(QLatin1String("uri")).toString()) {
-        m_currentSong = newSong(track);
+        m_currentSong = new Song(TrackParser::fieldsOf(track));
         if (m_currentSong->uri().startsWith(QLatin1String("tunein:")))
             m_currentSong->setName(m_currentSong->name()); // listeners hear of a stream's name twice
         m_currentSong->setDuration(TrackParser::wholeSeconds(track.value(QLatin1String("length"))));
@@ -136,7 +127,8 @@ void HalvoraPlayer::updateTrackImages(QJsonValue v)
 
 void HalvoraPlayer::actionPlay()
 {
-    post(m_playPause == Stopped ? QStringLiteral("core.playback.play") : QStringLiteral("core.playback.resume"));
+    post(m_playPause == Stopped ? QStringLiteral("core.playback.play")
+                                : QStringLiteral("core.playback.resume"));
 }
 
 void HalvoraPlayer::actionPause()

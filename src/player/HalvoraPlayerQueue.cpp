@@ -12,21 +12,22 @@ void HalvoraPlayer::updateQueue(QJsonValue v)
 {
     m_queueMap.clear();
     m_queueSnapshot.clear();
-    QJsonArray uris;
+    QStringList uris;
     const QJsonArray entries = v.toArray();
     for (const QJsonValue &value : entries) {
         const QJsonObject entry = value.toObject();
-        const auto track = entry.constFind(QLatin1String("track"));
-        if (track == entry.constEnd())
+        const QJsonValue track = entry.value(QLatin1String("track"));
+        if (track.isUndefined())
             continue;
-        Song *song = newSong(track.value().toObject());
+        auto *song = new Song(TrackParser::fieldsOf(track.toObject()));
         uris.append(song->uri());
-        m_queueMap.insert(entry.value(QLatin1String("tlid")).toInt(), song);
+        // Servers number in order, so each entry goes to the end of the map, or near it.
+        m_queueMap.insert(m_queueMap.cend(), entry.value(QLatin1String("tlid")).toInt(), song);
     }
     Q_EMIT queueChanged();
     if (!uris.isEmpty()) {
-        post(QStringLiteral("core.library.get_images"), {{QStringLiteral("uris"), uris}}, this,
-             "updateQueueImages");
+        post(QStringLiteral("core.library.get_images"),
+             {{QStringLiteral("uris"), QJsonArray::fromStringList(uris)}}, this, "updateQueueImages");
     }
 }
 

@@ -25,11 +25,11 @@ QString largestWithin(const QHash<int, QString> &images, int from, int to)
 
 } // namespace
 
-PlayerItem::PlayerItem(QObject *parent) : QObject(parent), images(new QHash<int, QString>) { }
+PlayerItem::PlayerItem(QObject *parent) : QObject(parent) { }
 
-PlayerItem::~PlayerItem()
+PlayerItem::PlayerItem(QString &&uri, QString &&name, QObject *parent)
+    : QObject(parent), m_uri(std::move(uri)), m_name(std::move(name))
 {
-    delete images;
 }
 
 void PlayerItem::setUri(const QString &uri)

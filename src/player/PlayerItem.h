@@ -25,7 +25,7 @@ class PlayerItem : public QObject
 
 public:
     explicit PlayerItem(QObject *parent = nullptr);
-    ~PlayerItem() override;
+    PlayerItem(QString &&uri, QString &&name, QObject *parent);
 
     /// The server's key for the entry, "" by default.
     QString uri() const { return m_uri; }
@@ -44,8 +44,8 @@ public:
     /// Address of the largest picture from 500 pixels; else any. "" without pictures.
     QString largeImgPath() const;
 
-    /// Width in pixels to address. Never null; owned by the item and filled by the handlers of the answers.
-    QHash<int, QString> *const images;
+    /// Width in pixels to address. Never null; part of the item and filled by the handlers of the answers.
+    QHash<int, QString> *const images = &m_images;
 
 Q_SIGNALS:
     void uriChanged();
@@ -58,6 +58,7 @@ Q_SIGNALS:
     void largeImgPathChanged();
 
 private:
+    QHash<int, QString> m_images;
     QString m_uri;
     QString m_name;
     QString m_type;

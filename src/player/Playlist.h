@@ -6,8 +6,8 @@
 #include <QObject>
 
 /**
- * Address and name of a playlist, as a type that QML may name. The library neither makes nor reads one; the
- * playlists of a player are PlayerItem objects. Owned by whoever makes it, in the GUI thread.
+ * Address and name of a playlist, as a type that QML may name. The library has no use for it: what a player lists are
+ * PlayerItem objects. Owned by whoever makes it, in the GUI thread.
  */
 class Playlist : public QObject
 {

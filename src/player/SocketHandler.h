@@ -21,6 +21,8 @@ public:
     int id = 0;            ///< number of the request
     QString method;        ///< its method, for inspection
     QPointer<QObject> rec; ///< who gets the reply; null when nobody wants it or the receiver is gone
-    QJsonObject paramsIfRefused; ///< what to send the method with, once, when the reply has no result; empty: nothing
-    const char *hdl = "";  ///< name of the invokable method of `rec`; a literal, "" when nobody wants the reply
+    QJsonObject
+        paramsIfRefused; ///< what to send the method with, once, when the reply has no result; empty: nothing
+    const char
+        *hdl = ""; ///< name of the invokable method of `rec`; a literal, "" when nobody wants the reply
 };

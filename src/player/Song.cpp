@@ -5,6 +5,16 @@
 
 Song::Song(QObject *parent) : PlayerItem(parent) { }
 
+Song::Song(SongFields &&fields, QObject *parent)
+    : PlayerItem(std::move(fields.uri), std::move(fields.name), parent),
+      m_albumUri(std::move(fields.albumUri)),
+      m_album(std::move(fields.album)),
+      m_artistsUri(std::move(fields.artistsUri)),
+      m_artists(std::move(fields.artists)),
+      m_artistsString(std::move(fields.artistsString))
+{
+}
+
 void Song::setDuration(int duration)
 {
     m_duration = duration;

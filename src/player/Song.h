@@ -7,6 +7,18 @@
 
 #include <QStringList>
 
+/// What a server's answer says of one track, before it is an object that QML can bind to.
+struct SongFields
+{
+    QString uri;
+    QString name;
+    QString albumUri;
+    QString album;
+    QStringList artistsUri;
+    QStringList artists;
+    QString artistsString;
+};
+
 /**
  * One track: in the queue, in a list, or playing. Lifetime and thread as for PlayerItem.
  */
@@ -23,6 +35,8 @@ class Song : public PlayerItem
 
 public:
     explicit Song(QObject *parent = nullptr);
+    /// A track as the server tells it; no signal is emitted for what it begins with.
+    explicit Song(SongFields &&fields, QObject *parent = nullptr);
 
     /// Length in whole seconds, 0 when unknown.
     int duration() const { return m_duration; }

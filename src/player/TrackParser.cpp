@@ -3,75 +3,87 @@
 
 #include "player/TrackParser.h"
 
-#include "player/Song.h"
-
 #include <QtMath>
 
 namespace {
 
-// What each entry of an array of objects has under `key`; entries without it add nothing.
-QStringList textsUnder(const QString &key, const QJsonArray &objects)
+struct Artists
 {
-    QStringList texts;
+    QStringList names;
+    QStringList uris;
+};
+
+// An artist adds only what it has, so the two lists need not be parallel. Both in one pass: queues are long.
+Artists artistsIn(const QJsonValue &array)
+{
+    Artists artists;
+    const QJsonArray objects = array.toArray();
     for (const QJsonValue &value : objects) {
-        const QJsonObject object = value.toObject();
-        const auto found = object.constFind(key);
-        if (found != object.constEnd())
-            texts.append(found.value().toString());
+        const QJsonObject artist = value.toObject();
+        const QJsonValue name = artist.value(QLatin1String("name"));
+        const QJsonValue uri = artist.value(QLatin1String("uri"));
+        if (!name.isUndefined())
+            artists.names.append(name.toString());
+        if (!uri.isUndefined())
+            artists.uris.append(uri.toString());
     }
-    return texts;
+    return artists;
 }
 
-void setArtistNames(Song *song, const QJsonArray &artists)
+void setArtistNames(SongFields *song, const QStringList &names)
 {
-    const QStringList names = textsUnder(QStringLiteral("name"), artists);
-    song->setArtists(names);
-    song->setArtistsString(names.join(QLatin1String(", ")));
+    song->artists = names;
+    // One name alone is shared, not copied: a long queue holds it for every track.
+    song->artistsString = names.size() == 1 ? names.constFirst() : names.join(QLatin1String(", "));
 }
 
-void fillPodcast(Song *song, const QJsonObject &, const QJsonObject &album)
+void fillPodcast(SongFields *song, const QJsonObject &, const QJsonObject &album)
 {
-    song->setAlbum(album.value(QLatin1String("comment")).toString());
-    setArtistNames(song, album.value(QLatin1String("artists")).toArray());
+    song->album = album.value(QLatin1String("comment")).toString();
+    setArtistNames(song, artistsIn(album.value(QLatin1String("artists"))).names);
 }
 
-void fillRadioStream(Song *song, const QJsonObject &, const QJsonObject &album)
+void fillRadioStream(SongFields *song, const QJsonObject &, const QJsonObject &album)
 {
-    song->setAlbum(album.value(QLatin1String("name")).toString());
+    song->album = album.value(QLatin1String("name")).toString();
 }
 
-void fillTrack(Song *song, const QJsonObject &track, const QJsonObject &album)
+void fillTrack(SongFields *song, const QJsonObject &track, const QJsonObject &album)
 {
-    song->setAlbumUri(album.value(QLatin1String("uri")).toString());
-    song->setAlbum(album.value(QLatin1String("name")).toString());
-    const QJsonArray artists = track.value(QLatin1String("artists")).toArray();
-    song->setArtistsUri(textsUnder(QStringLiteral("uri"), artists));
-    setArtistNames(song, artists);
+    song->albumUri = album.value(QLatin1String("uri")).toString();
+    song->album = album.value(QLatin1String("name")).toString();
+    const Artists artists = artistsIn(track.value(QLatin1String("artists")));
+    song->artistsUri = artists.uris;
+    setArtistNames(song, artists.names);
 }
 
 struct Scheme
 {
-    const char *prefix;
-    void (*fill)(Song *, const QJsonObject &track, const QJsonObject &album);
+    QLatin1String prefix;
+    void (*fill)(SongFields *, const QJsonObject &track, const QJsonObject &album);
 };
 
 constexpr Scheme schemes[] = {
-    {"podcast+", fillPodcast},
-    {"tunein:", fillRadioStream},
-    {"", fillTrack},
+    {QLatin1String("podcast+", 8), fillPodcast},
+    {QLatin1String("tunein:", 7), fillRadioStream},
+    {QLatin1String("", 0), fillTrack},
 };
 
 } // namespace
 
-void TrackParser::fillAlbumAndArtists(Song *song, const QJsonObject &track)
+SongFields TrackParser::fieldsOf(const QJsonObject &track)
 {
+    SongFields song;
+    song.uri = track.value(QLatin1String("uri")).toString();
+    song.name = track.value(QLatin1String("name")).toString();
     const QJsonObject album = track.value(QLatin1String("album")).toObject();
     for (const Scheme &scheme : schemes) {
-        if (song->uri().startsWith(QLatin1String(scheme.prefix))) {
-            scheme.fill(song, track, album);
-            return;
+        if (song.uri.startsWith(scheme.prefix)) {
+            scheme.fill(&song, track, album);
+            break;
         }
     }
+    return song;
 }
 
 void TrackParser::addImages(PlayerItem *item, const QJsonArray &pictures)

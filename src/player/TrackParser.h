@@ -3,18 +3,17 @@
 
 #pragma once
 
+#include "player/Song.h"
+
 #include <QJsonArray>
 #include <QJsonObject>
-
-class PlayerItem;
-class Song;
 
 /// The music server's objects read into library items. Plain functions; they live wherever the items do.
 namespace TrackParser {
 
-/// Album and artists of `track` into `song`, by the scheme of the song's own uri: podcasts show the album's comment
-/// and the album's artists, radio streams no artists. Missing keys leave the song's defaults.
-void fillAlbumAndArtists(Song *song, const QJsonObject &track);
+/// A track object as the client shows it. Album and artists depend on the scheme of its uri: podcasts show the album's
+/// comment and the album's artists, radio streams no artists. What is missing, or of the wrong type, stays empty.
+SongFields fieldsOf(const QJsonObject &track);
 
 /// Adds a list of pictures ("width", 0 when absent, and "uri") to the item's table.
 void addImages(PlayerItem *item, const QJsonArray &pictures);

@@ -37,7 +37,7 @@ Device *newDevice(const QObject *host)
 
 MainTabController::MainTabController(QQuickItem *parent) : QQuickItem(parent)
 {
-    ImageDownloader::instance(); // running long before the first picture is wanted
+    ImageDownloader::instance(); // its thread takes a moment to start
     connect(&m_link, &HalvoraConnThread::firstConnected, this, &MainTabController::firstConnected);
     DynamicTranslator::loadTranslations();
 }
@@ -149,6 +149,8 @@ void MainTabController::showIcon()
 template<typename View>
 void MainTabController::takeDown(View *view)
 {
+    if (!view)
+        return;
     view->setHalvora(nullptr);
     view->setVisible(false);
     view->setParentItem(nullptr);
@@ -157,6 +159,8 @@ void MainTabController::takeDown(View *view)
 template<typename View>
 void MainTabController::bringUp(View *view)
 {
+    if (!view)
+        return;
     view->setParentItem(m_containerView);
     view->setVisible(true);
     view->setHalvora(m_halvora);
@@ -170,7 +174,8 @@ void MainTabController::menuListViewIndexChanged()
     if (m_currentTab == OutputsTab) {
         takeDown(m_outputsView);
     } else if (m_currentTab == PlayerTab) {
-        QMetaObject::invokeMethod(m_playerView, "closeAllPopups");
+        if (m_playerView)
+            QMetaObject::invokeMethod(m_playerView, "closeAllPopups");
         takeDown(m_playerView);
     }
     m_currentTab = tab;
@@ -178,7 +183,8 @@ void MainTabController::menuListViewIndexChanged()
         return;
     if (tab == OutputsTab) {
         bringUp(m_outputsView);
-        QMetaObject::invokeMethod(m_outputsView, "loadOutputs");
+        if (m_outputsView)
+            QMetaObject::invokeMethod(m_outputsView, "loadOutputs");
     } else if (tab == PlayerTab) {
         bringUp(m_playerView);
     }
@@ -189,7 +195,8 @@ void MainTabController::openPlayerViewWithOutput(int output)
     if (output == -1 || !m_halvora || !m_menuListView)
         return;
     m_menuListView->setProperty("currentIndex", int(PlayerTab));
-    m_playerView->setSelectedOutput(m_halvora->outputAt(output));
+    if (m_playerView)
+        m_playerView->setSelectedOutput(m_halvora->outputAt(output));
 }
 
 void MainTabController::playerViewOutputChanged()

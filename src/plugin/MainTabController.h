@@ -25,11 +25,12 @@ class MainTabController : public QQuickItem
 {
     Q_OBJECT
     Q_PROPERTY(QQuickItem *menuListView READ menuListView WRITE setMenuListView NOTIFY menuListViewChanged)
-    Q_PROPERTY(QQuickItem *containerView READ containerView WRITE setContainerView NOTIFY containerViewChanged)
+    Q_PROPERTY(
+        QQuickItem *containerView READ containerView WRITE setContainerView NOTIFY containerViewChanged)
 
 public:
     explicit MainTabController(QQuickItem *parent = nullptr);
-    /// Stops the link and all players, and waits for the link.
+    /// Stops what didEnterBackground() stops.
     ~MainTabController() override;
 
     /// The tab menu: an item with an integer `currentIndex`, 0 for the outputs and 1 for the player, and its change
@@ -60,9 +61,9 @@ public Q_SLOTS:
     /// Shows the player tab with the output of that device index; -1 does nothing. Needs a device.
     void openPlayerViewWithOutput(int output);
     void playerViewOutputChanged();
-    /// Stops the link and all players. Blocks while the link ends.
+    /// Stops the link and the players that the sources have now. Blocks while the link ends.
     void didEnterBackground();
-    /// Starts the link and all players again.
+    /// Starts them again.
     void didEnterForeground();
 
 private:

@@ -76,6 +76,6 @@ void PlayerView::showSavePlaylistDialog()
     dialog->setProperty("okBtnText", tr("Save"));
     dialog->setProperty("cancBtnText", tr("Cancel"));
     dialog->setVisible(true);
-    connect(dialog, SIGNAL(close(QQuickItem*)), this, SLOT(closeDialog(QQuickItem*)));
+    connect(dialog, SIGNAL(close(QQuickItem *)), this, SLOT(closeDialog(QQuickItem *)));
     connect(dialog, SIGNAL(createPlaylist(QString)), this, SLOT(createPlaylist(QString)));
 }

@@ -19,7 +19,8 @@ class PlayerView : public QQuickItem
 {
     Q_OBJECT
     Q_PROPERTY(Halvora *halvora READ halvora WRITE setHalvora NOTIFY halvoraChanged)
-    Q_PROPERTY(Output *selectedOutput READ selectedOutput WRITE setSelectedOutput NOTIFY selectedOutputChanged)
+    Q_PROPERTY(
+        Output *selectedOutput READ selectedOutput WRITE setSelectedOutput NOTIFY selectedOutputChanged)
     Q_PROPERTY(QQuickItem *connectionScreen READ connectionScreen WRITE setConnectionScreen NOTIFY
                    connectionScreenChanged)
 

@@ -9,16 +9,14 @@ Theme::Theme(QObject *parent) : QObject(parent) { }
 
 Theme::Theme(const QJsonObject &json, QObject *parent) : QObject(parent)
 {
-    static constexpr struct {
+    static constexpr struct
+    {
         const char *key;
         QColor Theme::*color;
     } colors[] = {
-        {"theme_background", &Theme::m_background},
-        {"theme_menu", &Theme::m_menu},
-        {"theme_header", &Theme::m_header},
-        {"theme_highlight", &Theme::m_highlight},
-        {"theme_icons", &Theme::m_icons},
-        {"theme_text", &Theme::m_text},
+        {"theme_background", &Theme::m_background}, {"theme_menu", &Theme::m_menu},
+        {"theme_header", &Theme::m_header},         {"theme_highlight", &Theme::m_highlight},
+        {"theme_icons", &Theme::m_icons},           {"theme_text", &Theme::m_text},
     };
     for (const auto &entry : colors)
         this->*entry.color = parseColor(json.value(QLatin1String(entry.key)).toString());

@@ -54,7 +54,10 @@ public:
     /// Commands that have reached the device, without polls and without repeats of the one before, since the last
     /// call of forgetCommands().
     QStringList commands() const;
-    QString lastCommand() const { return commands().value(commands().size() - 1); } ///< null while there is none
+    QString lastCommand() const
+    {
+        return commands().value(commands().size() - 1);
+    } ///< null while there is none
     void forgetCommands();
 
     QQuickView view;

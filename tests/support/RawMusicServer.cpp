@@ -57,7 +57,8 @@ void RawMusicServer::accept()
     while (QWebSocket *socket = m_server.nextPendingConnection()) {
         m_sockets << socket;
         paths << socket->requestUrl().path();
-        connect(socket, &QWebSocket::textMessageReceived, this, [this](const QString &text) { texts << text; });
+        connect(socket, &QWebSocket::textMessageReceived, this,
+                [this](const QString &text) { texts << text; });
         connect(socket, &QWebSocket::disconnected, this, [this, socket] {
             m_sockets.removeOne(socket);
             socket->deleteLater();

@@ -20,17 +20,17 @@ public:
     RawMusicServer();
     ~RawMusicServer() override;
 
-    bool listen();      ///< on a port of the system's choice, and on the same one again after stopListening()
+    bool listen(); ///< on a port of the system's choice, and on the same one again after stopListening()
     void stopListening() { m_server.close(); }
     QString port() const { return QString::number(m_port); }
 
-    void send(const QString &text);         ///< to every client
+    void send(const QString &text); ///< to every client
     void send(const QJsonObject &object);
-    void dropAll();                         ///< without a closing handshake
+    void dropAll(); ///< without a closing handshake
 
-    QStringList texts;                      ///< received, in order; the test clears it
-    QStringList paths;                      ///< of the URLs that clients opened
-    QStringList methods() const;            ///< of the received texts
+    QStringList texts;           ///< received, in order; the test clears it
+    QStringList paths;           ///< of the URLs that clients opened
+    QStringList methods() const; ///< of the received texts
     int liveSockets() const { return m_sockets.size(); }
 
 private:

@@ -56,7 +56,8 @@ void liveIn(const QString &home)
 void Suite::cleanup()
 {
     const QByteArrayList warnings = warningLog.take();
-    QVERIFY2(warnings.isEmpty(), "a warning was logged that the test did not announce: " + warnings.join("; "));
+    QVERIFY2(warnings.isEmpty(),
+             "a warning was logged that the test did not announce: " + warnings.join("; "));
 }
 
 int runSuite(int argc, char **argv, const std::function<std::unique_ptr<Suite>()> &make)
@@ -71,8 +72,9 @@ int runSuite(int argc, char **argv, const std::function<std::unique_ptr<Suite>()
     QCoreApplication::setApplicationName(QFileInfo(application.applicationFilePath()).fileName());
     QSettings::setDefaultFormat(QSettings::IniFormat);
 
-    const QStringList outputs{QStringLiteral("-o"),  QStringLiteral("-,txt"),       QStringLiteral("-o"),
-                              log + QLatin1String(",txt"), QStringLiteral("-maxwarnings"), QStringLiteral("0")};
+    const QStringList outputs{QStringLiteral("-o"),           QStringLiteral("-,txt"),
+                              QStringLiteral("-o"),           log + QLatin1String(",txt"),
+                              QStringLiteral("-maxwarnings"), QStringLiteral("0")};
     const std::unique_ptr<Suite> suite = make();
     const int failures = QTest::qExec(suite.get(), application.arguments() + outputs);
     const QByteArrayList late = warningLog.take(); // logged outside of any test function

@@ -27,8 +27,8 @@ private Q_SLOTS:
 int runSuite(int argc, char **argv, const std::function<std::unique_ptr<Suite>()> &make);
 
 /// The main function of a suite.
-#define HALVORA_SUITE_MAIN(Class)                                                                                \
-    int main(int argc, char **argv)                                                                              \
-    {                                                                                                            \
-        return runSuite(argc, argv, [] { return std::unique_ptr<Suite>(new Class); });                           \
+#define HALVORA_SUITE_MAIN(Class)                                                                            \
+    int main(int argc, char **argv)                                                                          \
+    {                                                                                                        \
+        return runSuite(argc, argv, [] { return std::unique_ptr<Suite>(new Class); });                       \
     }

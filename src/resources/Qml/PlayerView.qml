@@ -97,7 +97,8 @@ PlayerView {
         showSource(currentSource(), updateTrack)
     }
 
-    // A player that is selected has its song; without one this ends at its first line.
+    // For a player that has a song. Without one it ends at its first line, in an error on the console, and what was
+    // shown before stays.
     function onCurrentSongChanged() {
         currentPlayer().currentSong.currTimeChanged.connect(updateTrackTime)
         updateTrackInfo()

@@ -51,7 +51,8 @@ DelegateModel {
     onSortOrderChanged: {
         // The view crashes when its sections change between a re-sort and its next layout.
         view.section.property = sortOrder === 1 ? "selectedSource.index" : ""
-        items.setGroups(0, items.count, "unsorted")
+        if (items.count > 0)
+            items.setGroups(0, items.count, "unsorted")
     }
 
     items.includeByDefault: false
