@@ -24,11 +24,13 @@ void endBeyond(QNetworkReply *reply, qint64 bytes)
     reply->abort();
 }
 
+constexpr qint64 readAhead = 1024 * 1024; // bytes; Qt stops reading somewhat below the size of the buffer
+
 // Ends a body that is announced, or turns out, to be beyond all bounds. The read buffer stops the network from
 // running ahead of the look at it.
 void boundBody(QNetworkReply *reply)
 {
-    reply->setReadBufferSize(PictureDecoder::maxBytes + 1);
+    reply->setReadBufferSize(PictureDecoder::maxBytes + readAhead);
     QObject::connect(reply, &QNetworkReply::metaDataChanged, reply, [reply] {
         endBeyond(reply, reply->header(QNetworkRequest::ContentLengthHeader).toLongLong());
     });
