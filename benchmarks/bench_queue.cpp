@@ -47,6 +47,10 @@ double toQueueChanged(const QString &text, int entries)
     player.socketMessageReceived(text);
     if (elapsed <= 0 || player.queueTlid().size() != entries)
         qFatal("the queue has not arrived");
+    // As in an engine, whose garbage collector takes what the lists have dropped.
+    QQmlListProperty<Song> queue = player.queue();
+    for (int i = 0; i < queue.count(&queue); ++i)
+        delete queue.at(&queue, i);
     return elapsed;
 }
 

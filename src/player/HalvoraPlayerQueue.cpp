@@ -15,14 +15,15 @@ void HalvoraPlayer::updateQueue(QJsonValue v)
     QStringList uris;
     const QJsonArray entries = v.toArray();
     for (const QJsonValue &value : entries) {
-        const QJsonObject entry = value.toObject();
-        const QJsonValue track = entry.value(QLatin1String("track"));
+        const QCborMap entry = QCborMap::fromJsonObject(value.toObject());
+        const QCborValue track = entry.value(QLatin1String("track"));
         if (track.isUndefined())
             continue;
-        auto *song = new Song(TrackParser::fieldsOf(track.toObject()));
+        auto *song = new Song(TrackParser::fieldsOf(track.toMap()));
         uris.append(song->uri());
+        const int tlid = entry.value(QLatin1String("tlid")).toJsonValue().toInt();
         // Servers number in order, so each entry goes to the end of the map, or near it.
-        m_queueMap.insert(m_queueMap.cend(), entry.value(QLatin1String("tlid")).toInt(), song);
+        m_queueMap.insert(m_queueMap.cend(), tlid, song);
     }
     Q_EMIT queueChanged();
     if (!uris.isEmpty()) {

@@ -5,15 +5,18 @@
 
 #include "player/Song.h"
 
+#include <QCborMap>
 #include <QJsonArray>
-#include <QJsonObject>
 
 /// The music server's objects read into library items. Plain functions; they live wherever the items do.
+///
+/// Long lists are read as CBOR maps: that is how Qt keeps JSON objects, the view costs nothing, and on small objects the
+/// map's own look-up takes half the time.
 namespace TrackParser {
 
 /// A track object as the client shows it. Album and artists depend on the scheme of its uri: podcasts show the album's
 /// comment and the album's artists, radio streams no artists. What is missing, or of the wrong type, stays empty.
-SongFields fieldsOf(const QJsonObject &track);
+SongFields fieldsOf(const QCborMap &track);
 
 /// Adds a list of pictures ("width", 0 when absent, and "uri") to the item's table.
 void addImages(PlayerItem *item, const QJsonArray &pictures);
