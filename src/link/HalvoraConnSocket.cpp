@@ -40,7 +40,8 @@ HalvoraConnSocket::HalvoraConnSocket(QObject *parent) : QTcpSocket(parent)
 HalvoraConnSocket::~HalvoraConnSocket()
 {
     m_watchdog.stop();
-    disconnect(this, nullptr, this, nullptr); // the base still tells of its end, when there are no slots any more
+    disconnect(this, nullptr, this,
+               nullptr); // the base still tells of its end, when there are no slots any more
 }
 
 void HalvoraConnSocket::connectToServer(const QString &host, int port)

@@ -13,6 +13,8 @@ HalvoraPlayer::HalvoraPlayer(QObject *parent) : QObject(parent)
         retry->setSingleShot(true);
         connect(retry, &QTimer::timeout, this, &HalvoraPlayer::startConnection);
     }
+    m_completion.setSingleShot(true);
+    connect(&m_completion, &QTimer::timeout, this, &HalvoraPlayer::completeSomeSongs);
 }
 
 HalvoraPlayer::~HalvoraPlayer()

@@ -237,6 +237,7 @@ private:
     void tracklistChanged(const QJsonObject &message);
     void playlistEvent(const QJsonObject &message);
 
+    void completeSomeSongs();
     void savePlaylist(QJsonObject playlist, const QJsonArray &tracks);
 
     QList<PlayerItem *> m_playlists;
@@ -265,6 +266,8 @@ private:
     Song *m_currentSong = nullptr;
     QMap<int, Song *> m_queueMap;
     QList<Song *> m_queueSnapshot;
+    QTimer m_completion; // runs while songs of the queue are incomplete
+    int m_nextToComplete = 0;
     QStringList m_filters;
     QStringList m_filterTitles;
     QList<PlayerItem *> m_pendingPlaylistItems;

@@ -100,9 +100,9 @@ void HalvoraPlayer::updateTrackInfo(QJsonValue v)
     if (!track.contains(QLatin1String("uri")))
         return;
     if (!m_currentSong || m_currentSong->uri() != track.value(QLatin1String("uri")).toString()) {
-        m_currentSong = new Song(TrackParser::fieldsOf(QCborMap::fromJsonObject(track)));
+        m_currentSong = new Song(QCborMap::fromJsonObject(track));
         if (m_currentSong->uri().startsWith(QLatin1String("tunein:")))
-            m_currentSong->setName(m_currentSong->name()); // listeners hear of a stream's name twice
+            m_currentSong->setName(m_currentSong->name()); // as streams do; nobody listens to a song this new
         m_currentSong->setDuration(TrackParser::wholeSeconds(track.value(QLatin1String("length"))));
         Q_EMIT currentSongChanged();
     }

@@ -6,6 +6,8 @@
 #include "player/SocketHandler.h"
 #include "player/TrackParser.h"
 
+#include <limits>
+
 // The mirror of the server's tracklist and what changes it.
 
 void HalvoraPlayer::updateQueue(QJsonValue v)
@@ -19,17 +21,32 @@ void HalvoraPlayer::updateQueue(QJsonValue v)
         const QCborValue track = entry.value(QLatin1String("track"));
         if (track.isUndefined())
             continue;
-        auto *song = new Song(TrackParser::fieldsOf(track.toMap()));
+        auto *song = new Song(track.toMap());
         uris.append(song->uri());
         const int tlid = entry.value(QLatin1String("tlid")).toJsonValue().toInt();
         // Servers number in order, so each entry goes to the end of the map, or near it.
         m_queueMap.insert(m_queueMap.cend(), tlid, song);
     }
     Q_EMIT queueChanged();
+    m_nextToComplete = std::numeric_limits<int>::min();
+    m_completion.start(0);
     if (!uris.isEmpty()) {
         post(QStringLiteral("core.library.get_images"),
              {{QStringLiteral("uris"), QJsonArray::fromStringList(uris)}}, this, "updateQueueImages");
     }
+}
+
+// Lets go of the server's answer bit by bit, when there is nothing else to do.
+void HalvoraPlayer::completeSomeSongs()
+{
+    constexpr int atOnce = 200;
+    auto song = m_queueMap.lowerBound(m_nextToComplete);
+    for (int count = 0; count < atOnce && song != m_queueMap.end(); ++count, ++song)
+        song.value()->complete();
+    if (song == m_queueMap.end())
+        return;
+    m_nextToComplete = song.key();
+    m_completion.start(0);
 }
 
 void HalvoraPlayer::updateQueueImages(QJsonValue v)

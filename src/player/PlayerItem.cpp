@@ -27,10 +27,7 @@ QString largestWithin(const QHash<int, QString> &images, int from, int to)
 
 PlayerItem::PlayerItem(QObject *parent) : QObject(parent) { }
 
-PlayerItem::PlayerItem(QString &&uri, QString &&name, QObject *parent)
-    : QObject(parent), m_uri(std::move(uri)), m_name(std::move(name))
-{
-}
+PlayerItem::PlayerItem(QString &&uri, QString &&name) : m_uri(std::move(uri)), m_name(std::move(name)) { }
 
 void PlayerItem::setUri(const QString &uri)
 {

@@ -25,7 +25,7 @@ class PlayerItem : public QObject
 
 public:
     explicit PlayerItem(QObject *parent = nullptr);
-    PlayerItem(QString &&uri, QString &&name, QObject *parent);
+    PlayerItem(QString &&uri, QString &&name);
 
     /// The server's key for the entry, "" by default.
     QString uri() const { return m_uri; }

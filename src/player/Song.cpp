@@ -3,16 +3,28 @@
 
 #include "player/Song.h"
 
+#include "player/TrackParser.h"
+
 Song::Song(QObject *parent) : PlayerItem(parent) { }
 
-Song::Song(SongFields &&fields, QObject *parent)
-    : PlayerItem(std::move(fields.uri), std::move(fields.name), parent),
-      m_albumUri(std::move(fields.albumUri)),
-      m_album(std::move(fields.album)),
-      m_artistsUri(std::move(fields.artistsUri)),
-      m_artists(std::move(fields.artists)),
-      m_artistsString(std::move(fields.artistsString))
+Song::Song(const QCborMap &track)
+    : PlayerItem(track.value(QLatin1String("uri")).toString(), track.value(QLatin1String("name")).toString()),
+      m_unread(track)
 {
+}
+
+void Song::complete() const
+{
+    if (m_unread.isEmpty())
+        return;
+    m_details = TrackParser::detailsOf(uri(), m_unread);
+    m_unread = QCborMap();
+}
+
+SongDetails &Song::details() const
+{
+    complete();
+    return m_details;
 }
 
 void Song::setDuration(int duration)
@@ -29,30 +41,30 @@ void Song::setCurrTime(int currTime)
 
 void Song::setAlbumUri(const QString &albumUri)
 {
-    m_albumUri = albumUri;
+    details().albumUri = albumUri;
     Q_EMIT albumUriChanged();
 }
 
 void Song::setAlbum(const QString &album)
 {
-    m_album = album;
+    details().album = album;
     Q_EMIT albumChanged();
 }
 
 void Song::setArtistsUri(const QStringList &artistsUri)
 {
-    m_artistsUri = artistsUri;
+    details().artistsUri = artistsUri;
     Q_EMIT artistsUriChanged();
 }
 
 void Song::setArtists(const QStringList &artists)
 {
-    m_artists = artists;
+    details().artists = artists;
     Q_EMIT artistsChanged();
 }
 
 void Song::setArtistsString(const QString &artistsString)
 {
-    m_artistsString = artistsString;
+    details().artistsString = artistsString;
     Q_EMIT artistsStringChanged();
 }

@@ -5,13 +5,12 @@
 
 #include "player/PlayerItem.h"
 
+#include <QCborMap>
 #include <QStringList>
 
-/// What a server's answer says of one track, before it is an object that QML can bind to.
-struct SongFields
+/// Album and artists of a track.
+struct SongDetails
 {
-    QString uri;
-    QString name;
     QString albumUri;
     QString album;
     QStringList artistsUri;
@@ -21,6 +20,9 @@ struct SongFields
 
 /**
  * One track: in the queue, in a list, or playing. Lifetime and thread as for PlayerItem.
+ *
+ * A song that is made from a server's track reads its album and artists when somebody asks for them, or when
+ * complete() is called: of a long queue, few rows are ever looked at before the next one replaces it.
  */
 class Song : public PlayerItem
 {
@@ -35,8 +37,10 @@ class Song : public PlayerItem
 
 public:
     explicit Song(QObject *parent = nullptr);
-    /// A track as the server tells it; no signal is emitted for what it begins with.
-    explicit Song(SongFields &&fields, QObject *parent = nullptr);
+    /// A track as the server tells it, without a parent; no signal is emitted for what it begins with.
+    explicit Song(const QCborMap &track);
+    /// Reads what is still unread, and lets go of the server's answer.
+    void complete() const;
 
     /// Length in whole seconds, 0 when unknown.
     int duration() const { return m_duration; }
@@ -45,19 +49,19 @@ public:
     int currTime() const { return m_currTime; }
     void setCurrTime(int currTime);
     /// Key of the album, "" by default.
-    QString albumUri() const { return m_albumUri; }
+    QString albumUri() const { return details().albumUri; }
     void setAlbumUri(const QString &albumUri);
     /// Text shown as album, "" by default: its name or, for podcasts, its comment.
-    QString album() const { return m_album; }
+    QString album() const { return details().album; }
     void setAlbum(const QString &album);
     /// Keys of the artists. Not parallel to artists(): an artist may lack either.
-    QStringList artistsUri() const { return m_artistsUri; }
+    QStringList artistsUri() const { return details().artistsUri; }
     void setArtistsUri(const QStringList &artistsUri);
     /// Names of the artists.
-    QStringList artists() const { return m_artists; }
+    QStringList artists() const { return details().artists; }
     void setArtists(const QStringList &artists);
     /// The names joined with ", ".
-    QString artistsString() const { return m_artistsString; }
+    QString artistsString() const { return details().artistsString; }
     void setArtistsString(const QString &artistsString);
 
 Q_SIGNALS:
@@ -70,11 +74,10 @@ Q_SIGNALS:
     void artistsStringChanged();
 
 private:
+    SongDetails &details() const;
+
     int m_duration = 0;
     int m_currTime = 0;
-    QString m_albumUri;
-    QString m_album;
-    QStringList m_artistsUri;
-    QStringList m_artists;
-    QString m_artistsString;
+    mutable SongDetails m_details; // to be read through details()
+    mutable QCborMap m_unread;     // the track, until its album and artists have been read
 };

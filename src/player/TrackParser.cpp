@@ -32,25 +32,25 @@ Artists artistsIn(const QCborValue &array)
     return artists;
 }
 
-void setArtistNames(SongFields *song, const QStringList &names)
+void setArtistNames(SongDetails *song, const QStringList &names)
 {
     song->artists = names;
     // One name alone is shared, not copied: a long queue holds it for every track.
     song->artistsString = names.size() == 1 ? names.constFirst() : names.join(QLatin1String(", "));
 }
 
-void fillPodcast(SongFields *song, const QCborMap &, const QCborMap &album)
+void fillPodcast(SongDetails *song, const QCborMap &, const QCborMap &album)
 {
     song->album = album.value(QLatin1String("comment")).toString();
     setArtistNames(song, artistsIn(album.value(QLatin1String("artists"))).names);
 }
 
-void fillRadioStream(SongFields *song, const QCborMap &, const QCborMap &album)
+void fillRadioStream(SongDetails *song, const QCborMap &, const QCborMap &album)
 {
     song->album = album.value(QLatin1String("name")).toString();
 }
 
-void fillTrack(SongFields *song, const QCborMap &track, const QCborMap &album)
+void fillTrack(SongDetails *song, const QCborMap &track, const QCborMap &album)
 {
     song->albumUri = album.value(QLatin1String("uri")).toString();
     song->album = album.value(QLatin1String("name")).toString();
@@ -62,7 +62,7 @@ void fillTrack(SongFields *song, const QCborMap &track, const QCborMap &album)
 struct Scheme
 {
     QLatin1String prefix;
-    void (*fill)(SongFields *, const QCborMap &track, const QCborMap &album);
+    void (*fill)(SongDetails *, const QCborMap &track, const QCborMap &album);
 };
 
 constexpr Scheme schemes[] = {
@@ -73,14 +73,12 @@ constexpr Scheme schemes[] = {
 
 } // namespace
 
-SongFields TrackParser::fieldsOf(const QCborMap &track)
+SongDetails TrackParser::detailsOf(const QString &uri, const QCborMap &track)
 {
-    SongFields song;
-    song.uri = track.value(QLatin1String("uri")).toString();
-    song.name = track.value(QLatin1String("name")).toString();
+    SongDetails song;
     const QCborMap album = track.value(QLatin1String("album")).toMap();
     for (const Scheme &scheme : schemes) {
-        if (song.uri.startsWith(scheme.prefix)) {
+        if (uri.startsWith(scheme.prefix)) {
             scheme.fill(&song, track, album);
             break;
         }

@@ -14,9 +14,9 @@
 /// map's own look-up takes half the time.
 namespace TrackParser {
 
-/// A track object as the client shows it. Album and artists depend on the scheme of its uri: podcasts show the album's
-/// comment and the album's artists, radio streams no artists. What is missing, or of the wrong type, stays empty.
-SongFields fieldsOf(const QCborMap &track);
+/// Album and artists of a track object, by the scheme of its `uri`: podcasts show the album's comment and the album's
+/// artists, radio streams no artists. What is missing, or of the wrong type, stays empty.
+SongDetails detailsOf(const QString &uri, const QCborMap &track);
 
 /// Adds a list of pictures ("width", 0 when absent, and "uri") to the item's table.
 void addImages(PlayerItem *item, const QJsonArray &pictures);
