@@ -75,10 +75,6 @@ private Q_SLOTS:
 
     // What goes wrong
 
-    void repliesOfEveryType_data();
-    void repliesOfEveryType();
-    void errorReplies_data();
-    void errorReplies();
     void deletedReceiverIsNotCalled();
     void repliesOfAnEarlierConnectionAreIgnored();
     void reconnectionKeepsTheCountdown();
@@ -554,86 +550,6 @@ void TestPlayer::serverIsFollowed()
     QTRY_VERIFY(player.currentSong()->uri() == server.catalogue().track(4).uri);
     player.stopConnection();
     QTRY_COMPARE(server.liveSockets(), 0);
-}
-
-void TestPlayer::repliesOfEveryType_data()
-{
-    QTest::addColumn<QString>("handler");
-    for (const char *handler :
-         {"updateUriSchemes", "updatePlaybackStatus", "updateTrackInfo", "updateTrackImages",
-          "updateTrackTime", "updateRandom", "updateRepeat", "updateQueue", "updateQueueImages",
-          "updatePlaylists", "updatePlaylistJson", "updatePlaylistJsonFromQueue", "updatePlaylistTracks",
-          "actionPlayNow", "actionPlayList", "actionAddList"})
-        QTest::newRow(handler) << QString::fromLatin1(handler);
-}
-
-void TestPlayer::repliesOfEveryType()
-{
-    QFETCH(const QString, handler);
-    Studio studio;
-    studio.connect();
-    const QList<QJsonValue> values{QJsonValue(QJsonValue::Undefined),
-                                   QJsonValue(),
-                                   true,
-                                   -1.5,
-                                   1e300,
-                                   "text"_s,
-                                   QJsonArray(),
-                                   json(R"([1,null,"x",[],{},{"uri":3,"tlid":"a","track":[]}])"_s),
-                                   QJsonObject(),
-                                   json(R"({"local:a":5,"b":[1,{}],"tracks":7,"uri":[]})"_s)};
-    for (const bool playing : {false, true}) {
-        for (const QJsonValue &value : values) {
-            if (playing)
-                studio.player.updateTrackInfo(json(track));
-            QVERIFY(QMetaObject::invokeMethod(&studio.player, handler.toLatin1(), Q_ARG(QJsonValue, value)));
-        }
-    }
-    studio.player.updatePlaybackStatus("paused"_s); // and it goes on
-    studio.server.send(R"({"event":"playback_state_changed","new_state":"playing"})"_s);
-    QVERIFY(QTest::qWaitFor([&] { return studio.player.playPause() == HalvoraPlayer::Playing; }));
-}
-
-void TestPlayer::errorReplies_data()
-{
-    QTest::addColumn<QString>("state"); // after an error in place of this reply
-    const QString full = "2 1 1 song:local:a time:4 queue:3 lists:m3u:x filters:all,local"_s;
-    QTest::newRow("updateUriSchemes") << full;
-    QTest::newRow("updatePlaybackStatus") << QString(full).replace("2 1"_s, "0 1"_s);
-    QTest::newRow("updateTrackInfo") << full;
-    QTest::newRow("updateTrackImages") << full;
-    QTest::newRow("updateTrackTime") << QString(full).replace("time:4"_s, "time:0"_s);
-    QTest::newRow("updateRandom") << QString(full).replace("2 1 1"_s, "2 0 1"_s);
-    QTest::newRow("updateRepeat") << QString(full).replace("2 1 1"_s, "2 1 0"_s);
-    QTest::newRow("updateQueue") << QString(full).replace("queue:3"_s, "queue:"_s);
-    QTest::newRow("updateQueueImages") << full;
-    QTest::newRow("updatePlaylists") << QString(full).replace("lists:m3u:x"_s, "lists:"_s);
-    QTest::newRow("updatePlaylistJson") << full;
-}
-
-void TestPlayer::errorReplies()
-{
-    QFETCH(const QString, state);
-    Studio studio;
-    studio.connect();
-    HalvoraPlayer &player = studio.player;
-    player.updatePlaybackStatus("playing"_s);
-    player.updateRandom(true);
-    player.updateRepeat(true);
-    player.updateTrackInfo(json(track));
-    player.updateTrackTime(3500);
-    player.updateQueue(json(R"([{"tlid":3,"track":{}}])"_s));
-    player.updatePlaylists(json(R"([{"uri":"m3u:x"}])"_s));
-    player.updateUriSchemes(json(R"(["local"])"_s));
-    const int id = player.actionLookup({}, &player, QTest::currentDataTag());
-    studio.server.send(R"({"id":"%1","error":{"code":-32603}})"_s.arg(id));
-    studio.server.send(R"({"id":"none"})"_s);
-    QSignalSpy read(&player,
-                    &HalvoraPlayer::filtersChanged); // marks the end without touching the playing state
-    player.actionLookup({}, &player, "updateUriSchemes");
-    studio.server.send(R"({"id":"%1","result":["local"]})"_s.arg(id + 1));
-    QVERIFY(read.wait());
-    QCOMPARE(stateOf(&player), state);
 }
 
 void TestPlayer::deletedReceiverIsNotCalled()

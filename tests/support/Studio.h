@@ -34,13 +34,14 @@ class Receiver final : public QObject
 public:
     Q_INVOKABLE void browseAnything(int id, QJsonValue v) { calls << "browse %1 "_s.arg(id) + textOf(v); }
     Q_INVOKABLE void imagesReceived(QJsonValue v) { calls << "images "_s + textOf(v); }
+    Q_INVOKABLE void BrowseInCapitals(QJsonValue v) { calls << "capital "_s + textOf(v); }
 
     QStringList calls;
 };
 
 /**
- * A player on a server that says only what it is told, for the test's thread. Ticks are made by hand; `retry` is the
- * shorter of the two delays before a new attempt, in milliseconds.
+ * A player on a server that says only what it is told, for the test's thread. Ticks are made by hand; `retry` is
+ * the shorter of the two delays before a new attempt, in milliseconds.
  */
 struct Studio
 {
