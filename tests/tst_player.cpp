@@ -1,14 +1,13 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
-#include "player/HalvoraPlayer.h"
 #include "player/PlayerTiming.h"
 #include "screens/DynamicTranslator.h"
 #include "simulator/MusicServerSimulator.h"
 #include "support/Listed.h"
 #include "support/ObjectCount.h"
-#include "support/RawMusicServer.h"
 #include "support/SignalLog.h"
+#include "support/Studio.h"
 #include "support/Suite.h"
 
 #include <QTcpServer>
@@ -18,31 +17,10 @@ namespace {
 
 using Action = std::function<void(HalvoraPlayer *)>;
 
-constexpr int never = 3600 * 1000; // a tick that the test makes by hand
-
 const QStringList fullPoll{
     "core.get_uri_schemes"_s,      "core.playback.get_state"_s,   "core.playback.get_current_track"_s,
     "core.tracklist.get_random"_s, "core.tracklist.get_repeat"_s, "core.tracklist.get_tl_tracks"_s,
     "core.playlists.as_list"_s};
-
-QString request(int id, const QString &method, const QString &params = QString())
-{
-    const QString tail = params.isEmpty() ? QString() : ",\"params\":"_s + params;
-    return "{\"id\":\"%1\",\"jsonrpc\":\"2.0\",\"method\":\"%2\"%3}"_s.arg(id).arg(method, tail);
-}
-
-QJsonValue json(const QString &text)
-{
-    return QJsonDocument::fromJson("[" + text.toUtf8() + "]").array().at(0);
-}
-
-QString textOf(const QJsonValue &value)
-{
-    if (value.isUndefined())
-        return "undefined"_s;
-    const QString list = QString::fromUtf8(QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact));
-    return list.mid(1, list.size() - 2);
-}
 
 QString songText(const Song *song)
 {
@@ -57,97 +35,6 @@ QString songText(const Song *song)
                       .join(QLatin1Char('|'))
                 : "none"_s;
 }
-
-// Everything of the mirror that a reply can change.
-QString stateOf(HalvoraPlayer *player)
-{
-    QStringList texts{
-        "%1 %2 %3"_s.arg(player->playPause()).arg(int(player->shuffle())).arg(int(player->repeat()))};
-    texts << "song:"_s + (player->currentSong() ? player->currentSong()->uri() : QString());
-    texts << "time:%1"_s.arg(player->currentSong() ? player->currentSong()->currTime() : -1);
-    texts << "queue:"_s;
-    for (const int tlid : player->queueTlid())
-        texts.last() += QString::number(tlid);
-    texts << "lists:"_s;
-    for (const PlayerItem *item : listed(player->playlists()))
-        texts.last() += item->uri();
-    return (texts << "filters:"_s + player->filters().join(QLatin1Char(','))).join(QLatin1Char(' '));
-}
-
-class Receiver final : public QObject
-{
-    Q_OBJECT
-
-public:
-    Q_INVOKABLE void browseAnything(int id, QJsonValue v) { calls << "browse %1 "_s.arg(id) + textOf(v); }
-    Q_INVOKABLE void imagesReceived(QJsonValue v) { calls << "images "_s + textOf(v); }
-
-    QStringList calls;
-};
-
-// A player on a server that says only what it is told. Ticks are made by hand.
-struct Studio
-{
-    explicit Studio(int retry = never)
-    {
-        PlayerTiming::current() = {never, retry, 2 * retry};
-        QVERIFY(server.listen());
-        player.setIpAddress("127.0.0.1"_s);
-        player.setPort(server.port());
-    }
-
-    void connect()
-    {
-        const int earlier = server.paths.size();
-        player.startConnection();
-        QVERIFY(QTest::qWaitFor([&] { return server.paths.size() > earlier && server.liveSockets() == 1; }));
-        settle();
-    }
-
-    // Until the player has read all that was sent to it.
-    void settle()
-    {
-        static const QStringList states{"stopped"_s, "paused"_s, "playing"_s};
-        QSignalSpy read(&player, &HalvoraPlayer::playPauseChanged);
-        server.send(QJsonObject{{"event"_s, "playback_state_changed"_s},
-                                {"new_state"_s, states.at(player.playPause())}});
-        QVERIFY(read.size() || read.wait());
-    }
-
-    void say(const QString &text)
-    {
-        server.send(text);
-        settle();
-    }
-
-    // What has arrived since the last call.
-    QStringList sent()
-    {
-        const QString marker = "core.playback.previous"_s;
-        player.actionPrevious();
-        [&] { QVERIFY(QTest::qWaitFor([&] { return server.methods().contains(marker); })); }();
-        QStringList texts;
-        texts.swap(server.texts);
-        texts.removeLast();
-        return texts;
-    }
-
-    QStringList sentMethods()
-    {
-        const QStringList texts = sent();
-        QStringList names;
-        for (const QString &text : texts)
-            names << json(text).toObject().value("method"_s).toString();
-        return names;
-    }
-
-    RawMusicServer server;
-    HalvoraPlayer player;
-};
-
-const QString track =
-    R"({"uri":"local:a","name":"A","length":61001,"album":{"uri":"al:1","name":"Al","comment":"Co",)"
-    R"("artists":[{"name":"AA"}]},"artists":[{"uri":"ar:1","name":"X"},{"name":"Y"},{"uri":"ar:3"}]})"_s;
 
 } // namespace
 
@@ -188,10 +75,6 @@ private Q_SLOTS:
 
     // What goes wrong
 
-    void repliesOfEveryType_data();
-    void repliesOfEveryType();
-    void errorReplies_data();
-    void errorReplies();
     void deletedReceiverIsNotCalled();
     void repliesOfAnEarlierConnectionAreIgnored();
     void reconnectionKeepsTheCountdown();
@@ -667,86 +550,6 @@ void TestPlayer::serverIsFollowed()
     QTRY_VERIFY(player.currentSong()->uri() == server.catalogue().track(4).uri);
     player.stopConnection();
     QTRY_COMPARE(server.liveSockets(), 0);
-}
-
-void TestPlayer::repliesOfEveryType_data()
-{
-    QTest::addColumn<QString>("handler");
-    for (const char *handler :
-         {"updateUriSchemes", "updatePlaybackStatus", "updateTrackInfo", "updateTrackImages",
-          "updateTrackTime", "updateRandom", "updateRepeat", "updateQueue", "updateQueueImages",
-          "updatePlaylists", "updatePlaylistJson", "updatePlaylistJsonFromQueue", "updatePlaylistTracks",
-          "actionPlayNow", "actionPlayList", "actionAddList"})
-        QTest::newRow(handler) << QString::fromLatin1(handler);
-}
-
-void TestPlayer::repliesOfEveryType()
-{
-    QFETCH(const QString, handler);
-    Studio studio;
-    studio.connect();
-    const QList<QJsonValue> values{QJsonValue(QJsonValue::Undefined),
-                                   QJsonValue(),
-                                   true,
-                                   -1.5,
-                                   1e300,
-                                   "text"_s,
-                                   QJsonArray(),
-                                   json(R"([1,null,"x",[],{},{"uri":3,"tlid":"a","track":[]}])"_s),
-                                   QJsonObject(),
-                                   json(R"({"local:a":5,"b":[1,{}],"tracks":7,"uri":[]})"_s)};
-    for (const bool playing : {false, true}) {
-        for (const QJsonValue &value : values) {
-            if (playing)
-                studio.player.updateTrackInfo(json(track));
-            QVERIFY(QMetaObject::invokeMethod(&studio.player, handler.toLatin1(), Q_ARG(QJsonValue, value)));
-        }
-    }
-    studio.player.updatePlaybackStatus("paused"_s); // and it goes on
-    studio.server.send(R"({"event":"playback_state_changed","new_state":"playing"})"_s);
-    QVERIFY(QTest::qWaitFor([&] { return studio.player.playPause() == HalvoraPlayer::Playing; }));
-}
-
-void TestPlayer::errorReplies_data()
-{
-    QTest::addColumn<QString>("state"); // after an error in place of this reply
-    const QString full = "2 1 1 song:local:a time:4 queue:3 lists:m3u:x filters:all,local"_s;
-    QTest::newRow("updateUriSchemes") << full;
-    QTest::newRow("updatePlaybackStatus") << QString(full).replace("2 1"_s, "0 1"_s);
-    QTest::newRow("updateTrackInfo") << full;
-    QTest::newRow("updateTrackImages") << full;
-    QTest::newRow("updateTrackTime") << QString(full).replace("time:4"_s, "time:0"_s);
-    QTest::newRow("updateRandom") << QString(full).replace("2 1 1"_s, "2 0 1"_s);
-    QTest::newRow("updateRepeat") << QString(full).replace("2 1 1"_s, "2 1 0"_s);
-    QTest::newRow("updateQueue") << QString(full).replace("queue:3"_s, "queue:"_s);
-    QTest::newRow("updateQueueImages") << full;
-    QTest::newRow("updatePlaylists") << QString(full).replace("lists:m3u:x"_s, "lists:"_s);
-    QTest::newRow("updatePlaylistJson") << full;
-}
-
-void TestPlayer::errorReplies()
-{
-    QFETCH(const QString, state);
-    Studio studio;
-    studio.connect();
-    HalvoraPlayer &player = studio.player;
-    player.updatePlaybackStatus("playing"_s);
-    player.updateRandom(true);
-    player.updateRepeat(true);
-    player.updateTrackInfo(json(track));
-    player.updateTrackTime(3500);
-    player.updateQueue(json(R"([{"tlid":3,"track":{}}])"_s));
-    player.updatePlaylists(json(R"([{"uri":"m3u:x"}])"_s));
-    player.updateUriSchemes(json(R"(["local"])"_s));
-    const int id = player.actionLookup({}, &player, QTest::currentDataTag());
-    studio.server.send(R"({"id":"%1","error":{"code":-32603}})"_s.arg(id));
-    studio.server.send(R"({"id":"none"})"_s);
-    QSignalSpy read(&player,
-                    &HalvoraPlayer::filtersChanged); // marks the end without touching the playing state
-    player.actionLookup({}, &player, "updateUriSchemes");
-    studio.server.send(R"({"id":"%1","result":["local"]})"_s.arg(id + 1));
-    QVERIFY(read.wait());
-    QCOMPARE(stateOf(&player), state);
 }
 
 void TestPlayer::deletedReceiverIsNotCalled()
