@@ -9,6 +9,7 @@
 #include "simulator/LibraryTree.h"
 #include "simulator/MopidyModels.h"
 #include "simulator/RpcTable.h"
+#include "simulator/UriList.h"
 
 namespace {
 
@@ -23,53 +24,70 @@ QJsonArray images(quint32 coverSeed)
     return array;
 }
 
-RpcReply getImages(const Catalogue &catalogue, const QJsonObject &parameters)
+QJsonArray imagesOf(const Catalogue &catalogue, const QString &uri)
 {
-    QJsonObject byUri;
-    const QJsonArray uris = parameters.value(QStringLiteral("uris")).toArray();
-    for (const QJsonValue &uri : uris)
-        byUri.insert(uri.toString(), images(catalogue.coverSeed(uri.toString())));
-    return {byUri, {}};
+    return images(catalogue.coverSeed(uri));
 }
 
-RpcReply lookup(const Catalogue &catalogue, const QJsonObject &parameters)
+// What `found` has for each of the uris asked for.
+RpcReply byUri(const Catalogue &catalogue, const QJsonObject &parameters,
+               QJsonArray (*found)(const Catalogue &, const QString &))
 {
-    QJsonObject byUri;
-    const QJsonArray uris = parameters.value(QStringLiteral("uris")).toArray();
-    for (const QJsonValue &uri : uris)
-        byUri.insert(uri.toString(), LibraryTree::lookup(catalogue, uri.toString()));
-    return {byUri, {}};
+    const QJsonValue asked = parameters.value(QStringLiteral("uris"));
+    if (const std::optional<RpcReply> refusal = UriList::refusal(asked))
+        return *refusal;
+    QJsonObject answers;
+    const QStringList uris = UriList::uris(asked);
+    for (const QString &uri : uris)
+        answers.insert(uri, found(catalogue, uri));
+    return {answers, {}};
+}
+
+// The roots are under null; under an empty text there is nothing.
+RpcReply browse(const Catalogue &catalogue, const QJsonObject &parameters)
+{
+    const QJsonValue asked = parameters.value(QStringLiteral("uri"));
+    const QString uri = asked.toString();
+    if (!asked.isNull() && !asked.isString())
+        return RpcReply::applicationError(QStringLiteral("AttributeError"),
+                                          QStringLiteral("Object has no attribute 'strip'"));
+    if (asked.isString() && uri.isEmpty())
+        return {QJsonArray(), {}};
+    if (asked.isString() && !uri.contains(QLatin1Char(':')))
+        return RpcReply::applicationError(QStringLiteral("ValidationError"),
+                                          QStringLiteral("Expected a valid URI, not '%1'").arg(uri));
+    return {LibraryTree::browse(catalogue, uri), {}};
 }
 
 RpcReply search(const Catalogue &catalogue, const QJsonObject &parameters)
 {
-    const QString text =
-        parameters.value(QStringLiteral("query")).toObject().value(QStringLiteral("any")).toString();
+    const QJsonValue any = parameters.value(QStringLiteral("query")).toObject().value(QStringLiteral("any"));
+    const QString text = any.isArray() ? any.toArray().first().toString() : any.toString();
     if (text.isEmpty()) {
         return RpcReply::applicationError(QStringLiteral("ValidationError"),
                                           QStringLiteral("Expected \"any\" to be list of strings, not ''"));
     }
-    QStringList schemes;
-    const QJsonArray uris = parameters.value(QStringLiteral("uris")).toArray();
-    for (const QJsonValue &uri : uris)
-        schemes << uri.toString();
-    return {LibraryTree::search(catalogue, text, schemes), {}};
+    const QJsonValue schemes = parameters.value(QStringLiteral("uris"));
+    const bool everywhere = schemes.isUndefined() || schemes.isNull();
+    if (const std::optional<RpcReply> refusal = everywhere ? std::nullopt : UriList::refusal(schemes))
+        return *refusal;
+    return {LibraryTree::search(catalogue, text, UriList::uris(schemes)), {}};
 }
 
 } // namespace
 
 void RpcMethods::addLibrary(RpcTable &table, const Catalogue &catalogue)
 {
-    table.add(QStringLiteral("core.library.get_images"), {QStringLiteral("uris")},
-              [&catalogue](const QJsonObject &parameters) { return getImages(catalogue, parameters); });
+    const QStringList uris{QStringLiteral("uris")};
+    table.add(QStringLiteral("core.library.get_images"), uris, [&catalogue](const QJsonObject &parameters) {
+        return byUri(catalogue, parameters, &imagesOf);
+    });
+    table.add(QStringLiteral("core.library.lookup"), uris, [&catalogue](const QJsonObject &parameters) {
+        return byUri(catalogue, parameters, &LibraryTree::lookup);
+    });
     table.add(QStringLiteral("core.library.browse"), {QStringLiteral("uri")},
-              [&catalogue](const QJsonObject &parameters) {
-                  const QString uri = parameters.value(QStringLiteral("uri")).toString();
-                  return RpcReply{LibraryTree::browse(catalogue, uri), {}};
-              });
-    table.add(QStringLiteral("core.library.lookup"), {QStringLiteral("uris")},
-              [&catalogue](const QJsonObject &parameters) { return lookup(catalogue, parameters); });
-    table.add(QStringLiteral("core.library.search"),
-              {QStringLiteral("query"), QStringLiteral("uris"), QStringLiteral("exact")},
+              [&catalogue](const QJsonObject &parameters) { return browse(catalogue, parameters); });
+    table.add(QStringLiteral("core.library.search"), {QStringLiteral("query")},
+              {QStringLiteral("uris"), QStringLiteral("exact")},
               [&catalogue](const QJsonObject &parameters) { return search(catalogue, parameters); });
 }

@@ -107,11 +107,27 @@ bool isWanted(const QString &scheme, const QStringList &schemes)
     return schemes.isEmpty() || schemes.contains(scheme);
 }
 
-void addIf(QJsonArray &array, const QJsonObject &object, const QString &text, int most)
+// The position behind the last track of an artist, whose albums follow one another: the first and the last artist
+// of a library may have fewer than the others.
+int endOfArtist(const Catalogue &catalogue, int first)
 {
-    const QString name = object.value(QStringLiteral("name")).toString();
+    const auto artistAt = [&catalogue](int position) {
+        return catalogue.track(position).albumArtists.constFirst().uri;
+    };
+    const QString artist = artistAt(first);
+    int end = first;
+    while (end < catalogue.trackCount() && artistAt(end) == artist)
+        end += Catalogue::tracksPerAlbum;
+    return end;
+}
+
+// A model is made for a find alone: most entries of a large library are none.
+template<typename Named>
+void addIf(QJsonArray &array, QJsonObject (*model)(const Named &), const Named &entry, const QString &name,
+           const QString &text, int most)
+{
     if (array.size() < most && name.contains(text, Qt::CaseInsensitive))
-        array << object;
+        array << model(entry);
 }
 
 QJsonObject localResult(const Catalogue &catalogue, const QString &text, int most)
@@ -119,23 +135,27 @@ QJsonObject localResult(const Catalogue &catalogue, const QString &text, int mos
     QJsonArray tracks;
     QJsonArray albums;
     for (int position = 0; position < catalogue.trackCount(); ++position) {
+        if (tracks.size() >= most && albums.size() >= most)
+            break;
         const CatalogueTrack track = catalogue.track(position);
-        addIf(tracks, MopidyModels::track(track), text, most);
+        addIf(tracks, &MopidyModels::track, track, track.name, text, most);
         if (position % Catalogue::tracksPerAlbum == 0)
-            addIf(albums, MopidyModels::album(track), text, most);
+            addIf(albums, &MopidyModels::album, track, track.albumName, text, most);
     }
     QJsonArray artists;
     const QVector<CatalogueArtist> all = catalogue.artists();
     for (const CatalogueArtist &artist : all)
-        addIf(artists, MopidyModels::artist(artist), text, most);
+        addIf(artists, &MopidyModels::artist, artist, artist.name, text, most);
     return MopidyModels::searchResult(QStringLiteral("local:search"), tracks, albums, artists);
 }
 
 QJsonObject radioResult(const Catalogue &catalogue, const QString &text, int most)
 {
     QJsonArray tracks;
-    for (int position = 0; position < Catalogue::stationCount; ++position)
-        addIf(tracks, MopidyModels::track(catalogue.station(position)), text, most);
+    for (int position = 0; position < Catalogue::stationCount; ++position) {
+        const CatalogueTrack station = catalogue.station(position);
+        addIf(tracks, &MopidyModels::track, station, station.name, text, most);
+    }
     return MopidyModels::searchResult(QStringLiteral("tunein:search"), tracks, {}, {});
 }
 
@@ -160,21 +180,32 @@ QJsonArray LibraryTree::browse(const Catalogue &catalogue, const QString &uri)
         return tracks(catalogue, ofAlbum, ofAlbum + Catalogue::tracksPerAlbum);
     const int ofArtist = catalogue.firstTrackOfArtist(uri);
     if (ofArtist >= 0)
-        return albums(catalogue, ofArtist, ofArtist + Catalogue::albumsPerArtist * Catalogue::tracksPerAlbum);
+        return albums(catalogue, ofArtist, endOfArtist(catalogue, ofArtist));
     return directoriesIn(uri);
+}
+
+QVector<CatalogueTrack> LibraryTree::tracksOf(const Catalogue &catalogue, const QString &uri)
+{
+    if (const std::optional<CatalogueTrack> track = catalogue.find(uri))
+        return {*track};
+    const int ofAlbum = catalogue.firstTrackOfAlbum(uri);
+    const int ofArtist = catalogue.firstTrackOfArtist(uri);
+    const int first = qMax(ofAlbum, ofArtist);
+    if (first < 0)
+        return {};
+    const int end = ofAlbum >= 0 ? first + Catalogue::tracksPerAlbum : endOfArtist(catalogue, first);
+    QVector<CatalogueTrack> found;
+    for (int position = first; position < qMin(end, catalogue.trackCount()); ++position)
+        found << catalogue.track(position);
+    return found;
 }
 
 QJsonArray LibraryTree::lookup(const Catalogue &catalogue, const QString &uri)
 {
     QJsonArray found;
-    if (const std::optional<CatalogueTrack> track = catalogue.find(uri)) {
-        found << MopidyModels::track(*track);
-        return found;
-    }
-    const int first = catalogue.firstTrackOfAlbum(uri);
-    for (int position = first;
-         first >= 0 && position < qMin(first + Catalogue::tracksPerAlbum, catalogue.trackCount()); ++position)
-        found << MopidyModels::track(catalogue.track(position));
+    const QVector<CatalogueTrack> tracks = tracksOf(catalogue, uri);
+    for (const CatalogueTrack &track : tracks)
+        found << MopidyModels::track(track);
     return found;
 }
 

@@ -19,7 +19,10 @@ namespace LibraryTree {
 /// for a uri that is not known.
 QJsonArray browse(const Catalogue &catalogue, const QString &uri);
 
-/// What a uri stands for: itself for a playable entry, all of its tracks for an album, nothing for any other.
+/// What a uri stands for: itself for a playable entry, all of its tracks for an album or an artist, nothing for any
+/// other.
+QVector<CatalogueTrack> tracksOf(const Catalogue &catalogue, const QString &uri);
+/// The models of tracksOf().
 QJsonArray lookup(const Catalogue &catalogue, const QString &uri);
 
 /// One result for each service among `schemes` ("local:"; all of them when empty) with what has `text` in its name,

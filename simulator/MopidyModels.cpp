@@ -3,6 +3,8 @@
 
 #include "simulator/MopidyModels.h"
 
+#include "simulator/PlaylistShelf.h"
+
 namespace {
 
 QJsonObject model(const QString &name)
@@ -67,11 +69,12 @@ QJsonObject MopidyModels::searchResult(const QString &uri, const QJsonArray &tra
     return object;
 }
 
-QJsonObject MopidyModels::playlist(const QString &uri, const QString &name, const QJsonArray &tracks)
+QJsonObject MopidyModels::playlist(const ShelfPlaylist &playlist, const QJsonArray &tracks)
 {
     QJsonObject object = model(QStringLiteral("Playlist"));
-    put(object, QStringLiteral("uri"), uri);
-    put(object, QStringLiteral("name"), name);
+    put(object, QStringLiteral("uri"), playlist.uri);
+    put(object, QStringLiteral("name"), playlist.name);
+    object.insert(QStringLiteral("last_modified"), playlist.lastModified);
     put(object, QStringLiteral("tracks"), tracks);
     return object;
 }

@@ -8,6 +8,8 @@
 
 #include "simulator/Catalogue.h"
 
+struct ShelfPlaylist;
+
 /**
  * The music server's JSON for its models, "__model__" keys included. As the server does, keys without a value
  * are left out. Plain functions.
@@ -20,8 +22,8 @@ QJsonObject album(const CatalogueTrack &track); ///< the album of a track
 QJsonObject artist(const CatalogueArtist &artist);
 QJsonObject searchResult(const QString &uri, const QJsonArray &tracks, const QJsonArray &albums,
                          const QJsonArray &artists); ///< kinds without a find are left out
-/// With its tracks by uri and name; an empty list is left out.
-QJsonObject playlist(const QString &uri, const QString &name, const QJsonArray &tracks = {});
+/// With `tracks` as they are given; an empty list is left out.
+QJsonObject playlist(const ShelfPlaylist &playlist, const QJsonArray &tracks = {});
 QJsonObject ref(const QString &type, const QString &uri, const QString &name);
 QJsonObject image(const QString &uri, int width); ///< square, width in pixels
 

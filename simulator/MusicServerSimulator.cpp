@@ -10,10 +10,15 @@
 #include <QWebSocket>
 
 #include <algorithm>
+#include <utility>
 
+#include "simulator/JsonSpoiler.h"
 #include "simulator/MopidyModels.h"
 
 namespace {
+
+constexpr int listenRetry = 50; // milliseconds
+constexpr int listenAttempts = 100;
 
 QString compact(const QJsonObject &object)
 {
@@ -29,14 +34,26 @@ QString parseError()
                     {QStringLiteral("error"), error}});
 }
 
-QString replyText(const QJsonValue &id, const RpcReply &outcome)
+QJsonObject replyObject(const QJsonValue &id, const RpcReply &outcome)
 {
     QJsonObject object{{QStringLiteral("jsonrpc"), QStringLiteral("2.0")}, {QStringLiteral("id"), id}};
     if (outcome.error.isEmpty())
         object.insert(QStringLiteral("result"), outcome.result);
     else
         object.insert(QStringLiteral("error"), outcome.error);
-    return compact(object);
+    return object;
+}
+
+// Empty for a request in order; otherwise what is wrong with it.
+QString faultOf(const QJsonObject &request)
+{
+    if (request.value(QStringLiteral("jsonrpc")).toString() != QLatin1String("2.0"))
+        return QStringLiteral("'jsonrpc' value must be '2.0'");
+    if (!request.value(QStringLiteral("method")).isString())
+        return QStringLiteral("'method' must be a string");
+    const QJsonValue parameters = request.value(QStringLiteral("params"));
+    const bool isGood = parameters.isUndefined() || parameters.isArray() || parameters.isObject();
+    return isGood ? QString() : QStringLiteral("'params', if given, must be an array or an object");
 }
 
 } // namespace
@@ -83,7 +100,7 @@ void MusicServerSimulator::connectParts()
     connect(&m_tracklist, &Tracklist::optionsChanged, this,
             [this] { sendEvent(QStringLiteral("options_changed")); });
     connect(&m_playlists, &PlaylistShelf::playlistChanged, this, [this](const ShelfPlaylist &playlist) {
-        const QJsonObject model = MopidyModels::playlist(playlist.uri, playlist.name);
+        const QJsonObject model = MopidyModels::playlist(playlist);
         sendEvent(QStringLiteral("playlist_changed"), {{QStringLiteral("playlist"), model}});
     });
     connect(&m_playlists, &PlaylistShelf::playlistDeleted, this, [this](const QString &uri) {
@@ -99,7 +116,21 @@ bool MusicServerSimulator::listenAgain()
 void MusicServerSimulator::refuseFor(int milliseconds)
 {
     stopListening();
-    QTimer::singleShot(milliseconds, this, &MusicServerSimulator::listenAgain);
+    listenAgainIn(milliseconds, listenAttempts);
+}
+
+// Any process of the machine may have got the port meanwhile; connections out of it end soon.
+void MusicServerSimulator::listenAgainIn(int milliseconds, int attempts)
+{
+    QTimer::singleShot(milliseconds, this, [this, attempts] {
+        if (listenAgain())
+            return;
+        if (attempts > 1)
+            listenAgainIn(listenRetry, attempts - 1);
+        else
+            qWarning("The music server cannot listen again on port %d: %s", port(),
+                     qPrintable(errorString()));
+    });
 }
 
 QString MusicServerSimulator::host() const
@@ -117,9 +148,17 @@ void MusicServerSimulator::sendEvent(const QString &name, const QJsonObject &fie
     QJsonObject event = fields;
     event.insert(QStringLiteral("event"), name);
     if (m_holdsEvents)
-        m_heldEvents << compact(event);
+        m_heldEvents << text(name, event);
     else
-        sendText(compact(event));
+        sendText(text(name, event));
+}
+
+QString MusicServerSimulator::text(const QString &name, const QJsonObject &message)
+{
+    if (m_faults.spoilField < 0 || !m_faults.concern(name))
+        return compact(message);
+    return compact(
+        JsonSpoiler::spoiled(message, std::exchange(m_faults.spoilField, -1), m_faults.spoilWith).toObject());
 }
 
 void MusicServerSimulator::sendText(const QString &text)
@@ -173,7 +212,7 @@ void MusicServerSimulator::forget(QWebSocket *socket)
 void MusicServerSimulator::handleText(QWebSocket *socket, const QString &text)
 {
     const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8());
-    if (!document.isObject()) {
+    if (document.isNull()) {
         socket->sendTextMessage(parseError());
         return;
     }
@@ -186,7 +225,11 @@ void MusicServerSimulator::handleText(QWebSocket *socket, const QString &text)
         socket->abort();
         return;
     }
-    carryOut(socket, request);
+    const QString fault = faultOf(object);
+    if (fault.isEmpty())
+        carryOut(socket, request);
+    else
+        socket->sendTextMessage(compact(replyObject(QJsonValue::Null, RpcReply::invalidRequest(fault))));
 }
 
 void MusicServerSimulator::carryOut(QWebSocket *socket, const ReceivedRequest &request)
@@ -194,6 +237,10 @@ void MusicServerSimulator::carryOut(QWebSocket *socket, const ReceivedRequest &r
     m_holdsEvents = !m_faults.eventsFirst;
     const RpcReply result = outcome(request);
     m_holdsEvents = false;
+    if (result.endsConnection) {
+        socket->abort();
+        return;
+    }
     if (!request.id.isUndefined())
         reply(socket, request, result);
     const QStringList events = m_heldEvents;
@@ -214,21 +261,21 @@ RpcReply MusicServerSimulator::outcome(const ReceivedRequest &request)
 
 void MusicServerSimulator::reply(QWebSocket *socket, const ReceivedRequest &request, const RpcReply &outcome)
 {
-    QString text = replyText(request.id, outcome);
+    QString answer = text(request.method, replyObject(request.id, outcome));
     int copies = 1;
     int delay = 0;
     if (m_faults.concern(request.method)) {
         if (m_faults.noReply)
             return;
         if (m_faults.replyNoJson)
-            text = QStringLiteral("<html>Bad gateway</html>");
+            answer = QStringLiteral("<html>Bad gateway</html>");
         copies = m_faults.doubleReply ? 2 : 1;
         delay = m_faults.replyDelayMs;
     }
     const QPointer<QWebSocket> receiver(socket);
-    const auto send = [receiver, text, copies] {
+    const auto send = [receiver, answer, copies] {
         for (int copy = 0; copy < copies && receiver; ++copy)
-            receiver->sendTextMessage(text);
+            receiver->sendTextMessage(answer);
     };
     if (delay > 0)
         QTimer::singleShot(delay, Qt::PreciseTimer, this, send);

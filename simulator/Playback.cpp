@@ -62,8 +62,6 @@ void Playback::play(int tlid)
 
 void Playback::pause()
 {
-    if (m_state != State::Playing)
-        return;
     stopClock(timePosition());
     setState(State::Paused);
     raise(QStringLiteral("paused"), m_position);
@@ -71,7 +69,7 @@ void Playback::pause()
 
 void Playback::resume()
 {
-    if (m_state != State::Paused)
+    if (m_state != State::Paused || m_current.tlid == 0)
         return;
     setState(State::Playing);
     restartClock(m_position);

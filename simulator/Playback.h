@@ -35,8 +35,8 @@ public:
     /// Plays this entry; 0: what is paused goes on, otherwise the current or the first one starts. An unknown
     /// tlid counts as 0.
     void play(int tlid = 0);
-    void pause();  ///< does nothing unless it plays
-    void resume(); ///< does nothing unless it is paused
+    void pause();  ///< from any state, as the server does
+    void resume(); ///< does nothing unless a track is paused
     void stop();
     void next();                ///< at the end of the list it stops
     void previous();            ///< at the start of the list it stops

@@ -66,7 +66,7 @@ void RpcMethods::addPlayback(RpcTable &table, Playback *playback)
     addAction(table, QStringLiteral("next"), playback, &Playback::next);
     addAction(table, QStringLiteral("previous"), playback, &Playback::previous);
 
-    table.add(QStringLiteral("core.playback.play"), {QStringLiteral("tl_track"), QStringLiteral("tlid")},
+    table.add(QStringLiteral("core.playback.play"), {}, {QStringLiteral("tl_track"), QStringLiteral("tlid")},
               [playback](const QJsonObject &parameters) { return play(playback, parameters); });
     table.add(QStringLiteral("core.playback.seek"), {QStringLiteral("time_position")},
               [playback](const QJsonObject &parameters) { return seek(playback, parameters); });

@@ -3,6 +3,7 @@
 
 #include "simulator/PlaylistShelf.h"
 
+#include <QDateTime>
 #include <QUrl>
 
 #include <algorithm>
@@ -28,7 +29,7 @@ const ShelfPlaylist *PlaylistShelf::find(const QString &uri) const
 QString PlaylistShelf::put(const QString &name, const QStringList &trackUris)
 {
     const QString fileName = QString(name).replace(QLatin1Char('/'), QLatin1Char('|'));
-    const ShelfPlaylist playlist{uriOf(fileName), fileName, trackUris};
+    const ShelfPlaylist playlist{uriOf(fileName), fileName, trackUris, QDateTime::currentMSecsSinceEpoch()};
     const int at = position(playlist.uri);
     if (at < 0)
         m_playlists << playlist;
@@ -36,6 +37,16 @@ QString PlaylistShelf::put(const QString &name, const QStringList &trackUris)
         m_playlists[at] = playlist;
     Q_EMIT playlistChanged(playlist);
     return playlist.uri;
+}
+
+// The server tells of the new one alone.
+QString PlaylistShelf::save(const QString &uri, const QString &name, const QStringList &trackUris)
+{
+    const int before = position(uri);
+    const QString saved = put(name, trackUris);
+    if (before >= 0 && saved != uri)
+        m_playlists.removeAt(before);
+    return saved;
 }
 
 bool PlaylistShelf::rename(const QString &uri, const QString &newName)

@@ -13,6 +13,7 @@ struct ShelfPlaylist
     QString uri;
     QString name;
     QStringList trackUris;
+    qint64 lastModified = 0; ///< milliseconds since 1970
 };
 
 /**
@@ -34,6 +35,9 @@ public:
     /// Makes a playlist with a uri that follows from its name; an existing one of that name is replaced. Returns
     /// the uri. A "/" in the name becomes "|", as the server's playlists are files.
     QString put(const QString &name, const QStringList &trackUris);
+
+    /// The same for the playlist of a uri, which need not be there yet: it goes by `name` from then on.
+    QString save(const QString &uri, const QString &name, const QStringList &trackUris);
 
     /// Gives a playlist another name, and with it another uri, or takes it away. False for an unknown uri.
     bool rename(const QString &uri, const QString &newName);

@@ -34,15 +34,21 @@ RpcReply RpcReply::invalidParameters(const QString &message)
     return failure(-32602, QStringLiteral("Invalid params"), exception(QStringLiteral("TypeError"), message));
 }
 
+RpcReply RpcReply::invalidRequest(const QString &message)
+{
+    return failure(-32600, QStringLiteral("Invalid Request"), message);
+}
+
 RpcReply RpcReply::unknownMethod(const QString &method)
 {
     return failure(-32601, QStringLiteral("Method not found"),
                    QStringLiteral("No object found at '%1'").arg(method.section(QLatin1Char('.'), 0, -2)));
 }
 
-void RpcTable::add(const QString &method, const QStringList &parameters, const Handler &handler)
+void RpcTable::add(const QString &method, const QStringList &required, const QStringList &optional,
+                   const Handler &handler)
 {
-    m_methods.insert(method, {parameters, handler});
+    m_methods.insert(method, {required + optional, required.size(), handler});
 }
 
 RpcReply RpcTable::call(const QString &method, const QJsonValue &parameters) const
@@ -64,6 +70,11 @@ RpcReply RpcTable::call(const QString &method, const QJsonValue &parameters) con
         if (!known.contains(name))
             return RpcReply::invalidParameters(
                 QStringLiteral("%1() got an unexpected keyword argument '%2'").arg(shortName, name));
+    }
+    for (const QString &name : known.mid(0, found->requiredCount)) {
+        if (!named.contains(name))
+            return RpcReply::invalidParameters(
+                QStringLiteral("%1() missing 1 required positional argument: '%2'").arg(shortName, name));
     }
     return found->handler(named);
 }

@@ -13,7 +13,7 @@
  */
 struct ServerFaults
 {
-    /// The methods concerned by the flags below, by full name; empty: all of them.
+    /// The methods concerned by the flags below, by full name, and for spoilField the events; empty: all of them.
     QStringList methods;
 
     bool noReply = false;     ///< says nothing
@@ -23,6 +23,11 @@ struct ServerFaults
     int dropAtRequest =
         -1;               ///< ends the connection over the request of this number (0: the next); counts down
     int replyDelayMs = 0; ///< replies this late; events are not delayed
+
+    /// Replaces one value in the next reply or event: the field of this number, as JsonSpoiler counts them, by
+    /// `spoilWith`. A number beyond the last leaves the message whole. Falls back to -1, none, with that message.
+    int spoilField = -1;
+    QJsonValue spoilWith;
 
     /// The events of a request arrive before its reply; otherwise right behind it. The real server does both.
     bool eventsFirst = false;

@@ -46,8 +46,8 @@ QVector<TracklistEntry> Tracklist::remove(const QVector<int> &tlids)
             continue;
         removed << m_entries.takeAt(at);
         m_shuffled.removeOne(tlid);
-        Q_EMIT changed();
     }
+    Q_EMIT changed();
     return removed;
 }
 

@@ -37,7 +37,7 @@ public:
     /// of tracks changes nothing.
     QVector<TracklistEntry> add(const QVector<CatalogueTrack> &tracks, int position = -1);
 
-    /// Removes what is there of these; reports a change for each that was. Returns what was removed.
+    /// Removes what is there of these; reports one change, even if none was. Returns what was removed.
     QVector<TracklistEntry> remove(const QVector<int> &tlids);
     void clear();
 

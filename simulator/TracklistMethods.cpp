@@ -5,10 +5,12 @@
 
 #include <QJsonArray>
 
+#include "simulator/LibraryTree.h"
 #include "simulator/MopidyModels.h"
 #include "simulator/Playback.h"
 #include "simulator/RpcTable.h"
 #include "simulator/Tracklist.h"
+#include "simulator/UriList.h"
 
 namespace {
 
@@ -59,17 +61,20 @@ void addOption(RpcTable &table, const QString &name, Tracklist *tracklist, bool 
               });
 }
 
-// A uri that nobody knows adds nothing, and an album's adds nothing either: only what can be played is looked
-// up.
+// An album and an artist stand for their tracks; a uri that nobody knows adds nothing.
 RpcReply add(Tracklist *tracklist, const Catalogue &catalogue, const QJsonObject &parameters)
 {
+    const QJsonValue uris = parameters.value(QStringLiteral("uris"));
+    if (!parameters.contains(QStringLiteral("tracks")) && (uris.isUndefined() || uris.isNull()))
+        return RpcReply::applicationError(
+            QStringLiteral("ValueError"),
+            QStringLiteral("Exactly one of \"tracks\" or \"uris\" must be set"));
+    if (const std::optional<RpcReply> refusal = UriList::refusal(uris))
+        return *refusal;
     QVector<CatalogueTrack> found;
-    const QJsonArray uris = parameters.value(QStringLiteral("uris")).toArray();
-    for (const QJsonValue &uri : uris) {
-        const std::optional<CatalogueTrack> track = catalogue.find(uri.toString());
-        if (track)
-            found << *track;
-    }
+    const QStringList asked = UriList::uris(uris);
+    for (const QString &uri : asked)
+        found << LibraryTree::tracksOf(catalogue, uri);
     return {tlTracks(tracklist->add(found, parameters.value(QStringLiteral("at_position")).toInt(-1))), {}};
 }
 
@@ -100,11 +105,11 @@ void RpcMethods::addTracklist(RpcTable &table, Tracklist *tracklist, Playback *p
     table.add(method("get_length"), {}, [tracklist](const QJsonObject &) {
         return RpcReply{tracklist->entries().size(), {}};
     });
-    table.add(method("index"), {QStringLiteral("tl_track"), QStringLiteral("tlid")},
+    table.add(method("index"), {}, {QStringLiteral("tl_track"), QStringLiteral("tlid")},
               [tracklist, playback](const QJsonObject &parameters) {
                   return index(tracklist, playback, parameters);
               });
-    table.add(method("add"),
+    table.add(method("add"), {},
               {QStringLiteral("tracks"), QStringLiteral("at_position"), QStringLiteral("uris")},
               [tracklist, &catalogue](const QJsonObject &parameters) {
                   return add(tracklist, catalogue, parameters);
