@@ -3,16 +3,19 @@
 
 #pragma once
 
-#include "navigation/NavigationController.h"
+#include "navigation/LibraryNavController.h"
 
 /**
- * The stack that walks the music library. QML knows it as BrowseNavController. So far the type alone, so that QML may name it: it does nothing yet.
- * Made by QML, in the GUI thread.
+ * The stack that walks the music library, from its root. QML knows it as BrowseNavController, and
+ * "qrc:/Qml/MusicLibraryPopup.qml" is made of it. On its first screen tracks do not play and menus do not open.
+ * Made by the player screen, in the GUI thread, for as long as the library is on show.
  */
-class BrowseNavigationController : public NavigationController
+class BrowseNavigationController : public LibraryNavController
 {
     Q_OBJECT
 
 public:
-    using NavigationController::NavigationController;
+    using LibraryNavController::LibraryNavController;
+
+    Q_INVOKABLE void initRootView() override;
 };

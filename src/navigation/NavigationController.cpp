@@ -3,9 +3,7 @@
 
 #include "navigation/NavigationController.h"
 
-#include <QQmlComponent>
-#include <QQmlContext>
-#include <QQmlEngine>
+#include "navigation/QmlItem.h"
 
 NavigationController::NavigationController(QQuickItem *parent) : QQuickItem(parent) { }
 
@@ -23,10 +21,7 @@ void NavigationController::setNavigationBar(NavigationBar *navigationBar)
 
 void NavigationController::initNavigationBar()
 {
-    m_navigationBar = nullptr;
-    QQmlComponent component(qmlEngine(this), QUrl(QStringLiteral("qrc:/Qml/NavigationBar.qml")));
-    if (component.isReady())
-        m_navigationBar = qobject_cast<NavigationBar *>(component.create(qmlContext(this)));
+    m_navigationBar = newQmlItem<NavigationBar>(this, QStringLiteral("NavigationBar.qml"));
     if (!m_navigationBar)
         return;
     connect(m_navigationBar, SIGNAL(right()), this, SIGNAL(close()));

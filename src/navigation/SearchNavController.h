@@ -3,16 +3,25 @@
 
 #pragma once
 
-#include "navigation/NavigationController.h"
+#include "navigation/LibraryNavController.h"
 
 /**
- * The stack that searches the music library. So far the type alone, so that QML may name it: it does nothing yet.
- * Made by QML, in the GUI thread.
+ * The stack that searches the music library and goes on from what it finds. "qrc:/Qml/SearchLibraryPopup.qml" is made
+ * of it. On its first screen tracks play by their menus alone.
+ * Made by the player screen, in the GUI thread, for as long as the search is on show.
  */
-class SearchNavController : public NavigationController
+class SearchNavController : public LibraryNavController
 {
     Q_OBJECT
 
 public:
-    using NavigationController::NavigationController;
+    using LibraryNavController::LibraryNavController;
+
+    Q_INVOKABLE void initRootView() override;
+    /// The results of a search; with two under way, those that arrive last stay. Anything but a list empties the screen.
+    Q_INVOKABLE void searchResultReceived(QJsonValue v);
+
+public Q_SLOTS:
+    /// Searches everything, or the one scheme `filter`.
+    void sendSearch(QString text, QString filter);
 };

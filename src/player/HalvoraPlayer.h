@@ -111,6 +111,9 @@ public:
     QList<int> queueTlid() const;
     /// The server's playlists, uri and name, in its order.
     QQmlListProperty<PlayerItem> playlists();
+    const QList<PlayerItem *> &playlistItems() const { return m_playlists; }
+    /// Position of the playlist with that uri, 0 for an unknown one.
+    int playlistPosition(const QString &uri) const { return m_playlistIndex.value(uri); }
     /// What can be searched in: "all" and the schemes of the server's music services, in its order.
     QStringList filters() const { return m_filters; }
     void setFilters(const QStringList &filters);

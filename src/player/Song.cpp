@@ -21,10 +21,19 @@ void Song::complete() const
     m_unread = QCborMap();
 }
 
-SongDetails &Song::details() const
+const SongDetails &Song::details() const
 {
     complete();
     return m_details;
+}
+
+void Song::setDetails(const SongDetails &details)
+{
+    setAlbumUri(details.albumUri);
+    setAlbum(details.album);
+    setArtistsUri(details.artistsUri);
+    setArtists(details.artists);
+    setArtistsString(details.artistsString);
 }
 
 void Song::setDuration(int duration)
@@ -41,30 +50,35 @@ void Song::setCurrTime(int currTime)
 
 void Song::setAlbumUri(const QString &albumUri)
 {
-    details().albumUri = albumUri;
+    complete();
+    m_details.albumUri = albumUri;
     Q_EMIT albumUriChanged();
 }
 
 void Song::setAlbum(const QString &album)
 {
-    details().album = album;
+    complete();
+    m_details.album = album;
     Q_EMIT albumChanged();
 }
 
 void Song::setArtistsUri(const QStringList &artistsUri)
 {
-    details().artistsUri = artistsUri;
+    complete();
+    m_details.artistsUri = artistsUri;
     Q_EMIT artistsUriChanged();
 }
 
 void Song::setArtists(const QStringList &artists)
 {
-    details().artists = artists;
+    complete();
+    m_details.artists = artists;
     Q_EMIT artistsChanged();
 }
 
 void Song::setArtistsString(const QString &artistsString)
 {
-    details().artistsString = artistsString;
+    complete();
+    m_details.artistsString = artistsString;
     Q_EMIT artistsStringChanged();
 }

@@ -41,6 +41,9 @@ public:
     explicit Song(const QCborMap &track);
     /// Reads what is still unread, and lets go of the server's answer.
     void complete() const;
+    /// Album and artists at once, as the five properties below.
+    const SongDetails &details() const;
+    void setDetails(const SongDetails &details);
 
     /// Length in whole seconds, 0 when unknown.
     int duration() const { return m_duration; }
@@ -74,10 +77,8 @@ Q_SIGNALS:
     void artistsStringChanged();
 
 private:
-    SongDetails &details() const;
-
     int m_duration = 0;
     int m_currTime = 0;
-    mutable SongDetails m_details; // to be read through details()
+    mutable SongDetails m_details; // to be read through details(), written behind complete()
     mutable QCborMap m_unread;     // the track, until its album and artists have been read
 };

@@ -63,27 +63,61 @@ struct Scheme
 {
     QLatin1String prefix;
     void (*fill)(SongDetails *, const QCborMap &track, const QCborMap &album);
+    bool renames = false; // whether a later answer knows the name better than the list did
 };
 
 constexpr Scheme schemes[] = {
     {QLatin1String("podcast+", 8), fillPodcast},
-    {QLatin1String("tunein:", 7), fillRadioStream},
+    {QLatin1String("tunein:", 7), fillRadioStream, true},
     {QLatin1String("", 0), fillTrack},
 };
+
+// The last one takes every uri.
+const Scheme &schemeOf(const QString &uri)
+{
+    const Scheme *scheme = schemes;
+    while (!uri.startsWith(scheme->prefix))
+        ++scheme;
+    return *scheme;
+}
+
+QCborMap albumOf(const QCborMap &track)
+{
+    return track.value(QLatin1String("album")).toMap();
+}
 
 } // namespace
 
 SongDetails TrackParser::detailsOf(const QString &uri, const QCborMap &track)
 {
     SongDetails song;
-    const QCborMap album = track.value(QLatin1String("album")).toMap();
-    for (const Scheme &scheme : schemes) {
-        if (uri.startsWith(scheme.prefix)) {
-            scheme.fill(&song, track, album);
-            break;
-        }
-    }
+    schemeOf(uri).fill(&song, track, albumOf(track));
     return song;
+}
+
+void TrackParser::fill(Song *song, const QCborMap &track)
+{
+    const Scheme &scheme = schemeOf(song->uri());
+    SongDetails details = song->details();
+    scheme.fill(&details, track, albumOf(track));
+    song->setDuration(wholeSeconds(track.value(QLatin1String("duration")).toJsonValue()));
+    song->setDetails(details);
+    if (scheme.renames)
+        song->setName(track.value(QLatin1String("name")).toString());
+}
+
+void TrackParser::fill(Album *album, const QCborMap &entry)
+{
+    const Artists artists = artistsIn(entry.value(QLatin1String("artists")));
+    album->setArtistsUri(artists.uris);
+    album->setArtists(artists.names);
+    album->setArtistsString(artists.names.join(QLatin1String(", ")));
+}
+
+void TrackParser::setImages(PlayerItem *item, const QJsonArray &pictures)
+{
+    item->images->clear();
+    addImages(item, pictures);
 }
 
 void TrackParser::addImages(PlayerItem *item, const QJsonArray &pictures)

@@ -4,11 +4,8 @@
 #include "screens/PlayerView.h"
 
 #include "images/ImageRequest.h"
+#include "navigation/Dialog.h"
 #include "screens/ScreenSupport.h"
-
-#include <QQmlComponent>
-#include <QQmlContext>
-#include <QQmlEngine>
 
 PlayerView::PlayerView(QQuickItem *parent) : QQuickItem(parent) { }
 
@@ -49,10 +46,7 @@ void PlayerView::setSelectedOutput(Output *output)
 
 void PlayerView::closeDialog(QQuickItem *dialog)
 {
-    if (!dialog)
-        return;
-    dialog->setParentItem(nullptr);
-    dialog->deleteLater();
+    Dialog::dispose(dialog);
 }
 
 void PlayerView::createPlaylist(QString name)
@@ -64,18 +58,11 @@ void PlayerView::createPlaylist(QString name)
 
 void PlayerView::showSavePlaylistDialog()
 {
-    QQmlComponent component(qmlEngine(this), QUrl(QStringLiteral("qrc:/Qml/PlaylistSaveDialog.qml")));
-    if (!component.isReady())
-        return;
-    auto *dialog = qobject_cast<QQuickItem *>(component.create(qmlContext(this)));
+    QQuickItem *dialog = Dialog::open(
+        this, QStringLiteral("PlaylistSaveDialog.qml"), parentItem() ? parentItem()->parentItem() : nullptr,
+        {tr("Save"), tr("Save current queue to a new playlist with name"), tr("Save"), tr("Cancel")});
     if (!dialog)
         return;
-    dialog->setParentItem(parentItem() ? parentItem()->parentItem() : nullptr);
-    dialog->setProperty("headTitle", tr("Save"));
-    dialog->setProperty("bodyMessage", tr("Save current queue to a new playlist with name"));
-    dialog->setProperty("okBtnText", tr("Save"));
-    dialog->setProperty("cancBtnText", tr("Cancel"));
-    dialog->setVisible(true);
     connect(dialog, SIGNAL(close(QQuickItem *)), this, SLOT(closeDialog(QQuickItem *)));
     connect(dialog, SIGNAL(createPlaylist(QString)), this, SLOT(createPlaylist(QString)));
 }

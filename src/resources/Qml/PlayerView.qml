@@ -4,6 +4,7 @@
 import QtQuick 2.0
 import com.kestrum.halvoraint 1.0
 import "Elements"
+import "Playlists"
 
 PlayerView {
     id: root
@@ -45,8 +46,58 @@ PlayerView {
         matrixPopup.y = matrixPopup.y >= height ? topBar.height : height
     }
 
+    // Library and search come to life over all tabs, and go when they are closed.
+    function openLibrary(file) {
+        var component = Qt.createComponent(file)
+        if (component.status !== Component.Ready)
+            return
+        var popup = component.createObject(playerView.parent.parent.parent, { "currentPlayer": player })
+        popup.rootView.title = currentSource().name
+        popup.close.connect(popup.destroy)
+    }
+
+    function toggleQueue() {
+        if (queuePopup.y < height - 75) {
+            queuePopup.y = height
+            queuePopup.currentPlayer = null
+        } else {
+            queuePopup.y = 15
+            queuePopup.currentPlayer = currentPlayer()
+        }
+    }
+
+    function closeQueue() {
+        queuePopup.prepareDisconnection()
+        queuePopup.y = height + 5
+        queuePopup.currentPlayer = null
+    }
+
+    function togglePlaylists() {
+        if (playlistPopup.y < height) {
+            console.debug("Closing Playlist popup...")
+            playlistPopup.y = height
+            playlistPopup.currHalvora = null
+            playlistPopup.currPlayer = null
+            return
+        }
+        playlistPopup.y = 0
+        if (halvora)
+            playlistPopup.currHalvora = halvora
+        if (currentPlayer())
+            playlistPopup.currPlayer = currentPlayer()
+    }
+
+    function closePlaylists() {
+        playlistPopup.y = height + 5
+        playlistPopup.popToRootView()
+        playlistPopup.currPlayer = null
+        playlistPopup.currHalvora = null
+    }
+
     function closeAllPopups() {
         matrixPopup.y = height
+        queuePopup.y = height
+        playlistPopup.y = height
     }
 
     function prepareDisconnectSource() {
@@ -76,10 +127,16 @@ PlayerView {
         visit(player.currentSongImageChanged, updateTrackImage)
     }
 
+    function showLists(show) {
+        queueButton.visible = show
+        playlistButton.visible = show
+    }
+
     function showSource(source, songReaction) {
         sourceName.text = source ? source.name : ""
         playerView.visible = source !== null && source.player !== null
         sourceView.visible = source !== null && source.player === null
+        showLists(playerView.visible)
         if (!playerView.visible)
             return
         eachConnection(source.player, songReaction, function (event, reaction) { event.connect(reaction) })
@@ -101,6 +158,7 @@ PlayerView {
     // shown before stays.
     function onCurrentSongChanged() {
         currentPlayer().currentSong.currTimeChanged.connect(updateTrackTime)
+        showLists(!currentPlayer().airPlay)
         updateTrackInfo()
         updateTrackImage()
         updateTrackTime()
@@ -112,6 +170,7 @@ PlayerView {
         if (player && player.currentSong) {
             onCurrentSongChanged()
         } else if (player && player.airPlay) {
+            showLists(false)
             updateTrackInfo()
             updateTrackImage()
         }
@@ -169,7 +228,11 @@ PlayerView {
         if (!volumeSlider.sliding)
             volumeSlider.value = outputVolume
     }
-    onHeightChanged: matrixPopup.parkUnlessOpen()
+    onHeightChanged: {
+        matrixPopup.parkUnlessOpen()
+        queuePopup.parkUnlessOpen()
+        playlistPopup.parkUnlessOpen()
+    }
 
     // Off the screen it keeps its size.
     width: parent ? parent.width : width
@@ -274,6 +337,24 @@ PlayerView {
             maximumLineCount: 1
         }
 
+        FeedbackButton {
+            anchors { top: parent.top; left: parent.left; margins: 15 }
+            width: 50
+            height: 50
+            imgSource: root.picture("library")
+            visible: !root.isAirPlay
+            onClicked: root.openLibrary("qrc:/Qml/MusicLibraryPopup.qml")
+        }
+
+        FeedbackButton {
+            anchors { top: parent.top; right: parent.right; margins: 15 }
+            width: 50
+            height: 50
+            imgSource: root.picture("library_search")
+            visible: !root.isAirPlay
+            onClicked: root.openLibrary("qrc:/Qml/SearchLibraryPopup.qml")
+        }
+
         TransportBar {
             anchors { bottom: parent.bottom; left: parent.left; right: parent.right }
             player: root.player
@@ -303,6 +384,27 @@ PlayerView {
     }
 
     FeedbackButton {
+        id: queueButton
+
+        anchors { top: playerView.bottom; topMargin: 45; left: parent.left; leftMargin: 15 }
+        width: 50
+        height: 50
+        imgSource: root.picture("queue")
+        visible: false
+        onClicked: root.toggleQueue()
+    }
+
+    FeedbackButton {
+        id: playlistButton
+
+        anchors { top: playerView.bottom; topMargin: 45; left: queueButton.right; leftMargin: 15 }
+        width: 50
+        height: 50
+        imgSource: root.picture("playlists")
+        onClicked: root.togglePlaylists()
+    }
+
+    FeedbackButton {
         anchors { top: playerView.bottom; topMargin: 45; right: parent.right; rightMargin: 15 }
         width: 50
         height: 50
@@ -312,6 +414,27 @@ PlayerView {
             if (root.selectedOutput)
                 root.halvora.actionSetMuteForOutput(!root.selectedOutput.mute, root.selectedOutput.index)
         }
+    }
+
+    QueueView {
+        id: queuePopup
+
+        onClose: root.closeQueue()
+        onRequireOpenSaveDialog: root.showSavePlaylistDialog()
+
+        y: root.height
+        width: root.width
+        height: root.height
+    }
+
+    PlaylistsNavPopup {
+        id: playlistPopup
+
+        onClose: root.closePlaylists()
+
+        y: root.height
+        width: root.width
+        height: root.height
     }
 
     MatrixPopup {

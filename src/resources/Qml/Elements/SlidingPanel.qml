@@ -8,29 +8,26 @@ import QtQuick 2.0
 Rectangle {
     id: root
 
-    property bool settled: false
-    property real restingPlace: 0
-
     function park() {
-        settled = false
-        restingPlace = parent.height
-        y = restingPlace
-        settled = true
+        parking.park()
     }
 
-    // For a parent of a new size. A scene may go through odd sizes before it has its own.
     function parkUnlessOpen() {
-        if (!settled || y >= restingPlace || y > parent.height / 2)
-            park()
+        parking.parkUnlessOpen()
     }
 
     color: currentTheme.menu
     clip: true
 
-    // The parent's first size must not send the panel sliding across the screen.
     Behavior on y {
-        enabled: root.settled
+        enabled: parking.settled
         NumberAnimation { duration: 300 }
+    }
+
+    Parking {
+        id: parking
+
+        panel: root
     }
 
     // Touches end here and not on the screen below.
