@@ -3,6 +3,7 @@
 
 #include "images/ImageDownloader.h"
 
+#include "images/BodyBound.h"
 #include "images/PictureDecoder.h"
 
 #include <QCoreApplication>
@@ -13,30 +14,6 @@
 ImageDownloader *ImageDownloader::s_instance = nullptr;
 
 namespace {
-
-const char tooLarge[] = "tooLarge"; // marks a reply that was cut off
-
-void endBeyond(QNetworkReply *reply, qint64 bytes)
-{
-    if (bytes <= PictureDecoder::maxBytes || reply->isFinished())
-        return;
-    reply->setProperty(tooLarge, true);
-    reply->abort();
-}
-
-constexpr qint64 readAhead = 1024 * 1024; // bytes; Qt stops reading somewhat below the size of the buffer
-
-// Ends a body that is announced, or turns out, to be beyond all bounds. The read buffer stops the network from
-// running ahead of the look at it.
-void boundBody(QNetworkReply *reply)
-{
-    reply->setReadBufferSize(PictureDecoder::maxBytes + readAhead);
-    QObject::connect(reply, &QNetworkReply::metaDataChanged, reply, [reply] {
-        endBeyond(reply, reply->header(QNetworkRequest::ContentLengthHeader).toLongLong());
-    });
-    QObject::connect(reply, &QNetworkReply::readyRead, reply,
-                     [reply] { endBeyond(reply, reply->bytesAvailable()); });
-}
 
 // Items live and die in the GUI thread, so whether this one is still there is asked there.
 void tell(const QPointer<QQuickItem> &item, const QString &uri)
@@ -116,7 +93,7 @@ void ImageDownloader::requestImage(const QString &uri, QQuickItem *item)
 void ImageDownloader::startDownload(const QString &uri)
 {
     if (m_manager)
-        boundBody(m_manager->get(QNetworkRequest(QUrl(uri))));
+        BodyBound::set(m_manager->get(QNetworkRequest(QUrl(uri))), PictureDecoder::maxBytes);
 }
 
 void ImageDownloader::discardImage(const QString &uri, QQuickItem *item)
@@ -138,7 +115,7 @@ void ImageDownloader::replyFinished(QNetworkReply *reply)
     reply->deleteLater();
     const QString uri = reply->url().toString();
     const QPointer<QQuickItem> item = takePending(uri);
-    const bool bounded = !reply->property(tooLarge).toBool();
+    const bool bounded = !BodyBound::isExceeded(reply);
     if (bounded && reply->error() != QNetworkReply::NoError)
         return;
     addToCache(uri, bounded ? PictureDecoder::decoded(reply->readAll()) : QImage());

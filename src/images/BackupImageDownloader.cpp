@@ -1,0 +1,170 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "images/BackupImageDownloader.h"
+
+#include "images/BodyBound.h"
+#include "player/PlayerItem.h"
+
+#include <QCoreApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QSet>
+#include <QVariant>
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+namespace {
+
+using Images = QHash<int, QString>;
+
+struct SizeWidth
+{
+    QLatin1String size;
+    int width; // pixels
+};
+
+const SizeWidth sizeWidths[] = {
+    {QLatin1String("small"), 30},       {QLatin1String("medium"), 65}, {QLatin1String("large"), 180},
+    {QLatin1String("extralarge"), 300}, {QLatin1String("mega"), 350},
+};
+constexpr int otherWidth = 128;
+
+// Batches that are not freed yet; for the GUI thread.
+QSet<BackupImageDownloader *> &batches()
+{
+    static QSet<BackupImageDownloader *> set;
+    return set;
+}
+
+QString endpoint()
+{
+    const QString other = qEnvironmentVariable("HALVORA_LASTFM_ENDPOINT");
+    return other.isEmpty() ? QStringLiteral("http://ws.audioscrobbler.com") : other;
+}
+
+QString escaped(QString name)
+{
+    return name.replace(QLatin1Char(' '), QLatin1Char('+')).toHtmlEscaped();
+}
+
+// The query of one item. QUrl may write it otherwise than it stands here ("100%" becomes "100%25"), and replies
+// give their address in QUrl's words.
+QString address(const QString &endpoint, const PlayerItem *item)
+{
+    const bool isTrack = item->type() == QLatin1String("track");
+    const bool isAlbum = item->type() == QLatin1String("album");
+    const QString artist = isTrack || isAlbum ? item->property("artistsString").toString() : QString();
+    const QString album = isTrack ? item->property("album").toString() : isAlbum ? item->name() : QString();
+    const QString text = endpoint + QLatin1String("/2.0/?artist=") + escaped(artist)
+        + QLatin1String("&album=") + escaped(album)
+        + QLatin1String("&method=album.getInfo&api_key=e94b07d1c3a26f8850dd13f7a8c642b9&format=json");
+    return QUrl(text).toString();
+}
+
+int widthOf(const QString &size)
+{
+    const auto *const known = std::find_if(std::begin(sizeWidths), std::end(sizeWidths),
+                                           [&size](const SizeWidth &entry) { return entry.size == size; });
+    return known == std::end(sizeWidths) ? otherWidth : known->width;
+}
+
+// The pictures of an answer, none if it has no album: the service says "error" where it knows none.
+std::optional<Images> imagesOf(const QByteArray &body)
+{
+    if (body.size() > BackupImageDownloader::maxBytes)
+        return std::nullopt;
+    const QJsonObject answer = QJsonDocument::fromJson(body).object();
+    if (answer.contains(QLatin1String("error")) || !answer.contains(QLatin1String("album")))
+        return std::nullopt;
+    Images images;
+    const QJsonArray entries = answer[QLatin1String("album")].toObject()[QLatin1String("image")].toArray();
+    for (const QJsonValue &entry : entries) {
+        const QString uri = entry.toObject()[QLatin1String("#text")].toString();
+        if (!uri.isEmpty())
+            images.insert(widthOf(entry.toObject()[QLatin1String("size")].toString()), uri);
+    }
+    return images;
+}
+
+// Whether the item is still there is asked in the GUI thread, where items live and die.
+void store(const QPointer<PlayerItem> &item, const Images &images)
+{
+    const auto assign = [item, images] {
+        if (item)
+            *item->images = images;
+    };
+    QMetaObject::invokeMethod(QCoreApplication::instance(), assign, Qt::QueuedConnection);
+}
+
+} // namespace
+
+BackupImageDownloader::BackupImageDownloader(QObject *parent) : QThread(parent)
+{
+    if (batches().isEmpty())
+        qAddPostRoutine(&BackupImageDownloader::endAll);
+    batches().insert(this);
+    moveToThread(this); // replies are handled where they are fetched
+    const QPointer<BackupImageDownloader> self(this);
+    connect(this, &QThread::finished, QCoreApplication::instance(), [self] { delete self; });
+}
+
+BackupImageDownloader::~BackupImageDownloader()
+{
+    quit();
+    wait();
+    batches().remove(this);
+    if (batches().isEmpty())
+        qRemovePostRoutine(&BackupImageDownloader::endAll);
+}
+
+void BackupImageDownloader::endAll()
+{
+    const auto all = batches();
+    qDeleteAll(all);
+}
+
+void BackupImageDownloader::requestImages(const QList<PlayerItem *> &items)
+{
+    const QString service = endpoint();
+    m_requests.clear();
+    for (PlayerItem *item : items)
+        m_requests.insert(address(service, item), item);
+    start(QThread::InheritPriority);
+}
+
+void BackupImageDownloader::run()
+{
+    QNetworkAccessManager manager;
+    connect(&manager, &QNetworkAccessManager::finished, this, &BackupImageDownloader::replyFinished);
+    const QStringList addresses = m_requests.keys();
+    for (const QString &address : addresses)
+        BodyBound::set(manager.get(QNetworkRequest(QUrl(address))), maxBytes);
+    endWhenDone(); // an empty batch has no reply to wait for
+    exec();
+    disconnect(&manager, nullptr, this, nullptr);
+}
+
+void BackupImageDownloader::replyFinished(QNetworkReply *reply)
+{
+    reply->deleteLater();
+    const QPointer<PlayerItem> item = m_requests.take(reply->url().toString());
+    if (reply->error() == QNetworkReply::NoError) {
+        if (const std::optional<Images> images = imagesOf(reply->readAll()))
+            store(item, *images);
+    }
+    endWhenDone();
+}
+
+void BackupImageDownloader::endWhenDone()
+{
+    if (!m_requests.isEmpty())
+        return;
+    Q_EMIT imagesDownloaded();
+    quit();
+}

@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include <QtGlobal>
+
+class QNetworkReply;
+
+/// Keeps a peer from filling the memory with one answer. To be called in the reply's thread.
+namespace BodyBound {
+
+/// Aborts `reply` once its body is announced, or turns out, to be larger than `bytes`. A body whose end arrives
+/// together with the excess may still come through: the reader looks at the size too.
+void set(QNetworkReply *reply, qint64 bytes);
+
+/// Whether the reply was ended for that reason.
+bool isExceeded(const QNetworkReply *reply);
+
+} // namespace BodyBound

@@ -1,0 +1,457 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "images/BackupImageDownloader.h"
+#include "player/Album.h"
+#include "player/Song.h"
+#include "simulator/ArtworkServer.h"
+#include "support/ObjectCount.h"
+#include "support/Suite.h"
+
+#include <QProcess>
+
+#include <algorithm>
+
+namespace {
+
+using Spoil = std::function<void(ArtworkFaults &)>;
+
+const QString tail = "&method=album.getInfo&api_key=e94b07d1c3a26f8850dd13f7a8c642b9&format=json"_s;
+const QString before = "640=http://old"_s; // what every item has until its answer comes
+
+void pointTo(const QString &endpoint)
+{
+    qputenv("HALVORA_LASTFM_ENDPOINT", endpoint.toUtf8());
+}
+
+QString target(const QString &artist, const QString &album)
+{
+    return "/2.0/?artist="_s + artist + "&album="_s + album + tail;
+}
+
+// An answer with these entries as its pictures.
+QByteArray answer(const QByteArray &entries)
+{
+    return R"({"album":{"name":"N","image":[)" + entries + "]}}";
+}
+
+QByteArray small(const QByteArray &uri)
+{
+    return answer(R"({"#text":")" + uri + R"(","size":"small"})");
+}
+
+// An item's pictures by ascending width.
+QString tableOf(const PlayerItem &item)
+{
+    QList<int> widths = item.images->keys();
+    std::sort(widths.begin(), widths.end());
+    QStringList entries;
+    for (const int width : widths)
+        entries << "%1=%2"_s.arg(width).arg(item.images->value(width));
+    return entries.join(QLatin1Char(' '));
+}
+
+std::unique_ptr<PlayerItem> makeItem(const QString &type, const QString &artist, const QString &album)
+{
+    std::unique_ptr<PlayerItem> item(type == "track"_s ? static_cast<PlayerItem *>(new Song) : new Album);
+    item->setType(type);
+    item->setName(type == "track"_s ? "Name of the track"_s : album);
+    item->setProperty("album", album);
+    item->setProperty("artistsString", artist);
+    item->images->insert(640, "http://old"_s);
+    return item;
+}
+
+// The web service, and a batch for it.
+struct Service
+{
+    Service()
+    {
+        QVERIFY(server.listen());
+        pointTo(server.url(QString()));
+    }
+
+    PlayerItem *add(const QString &type, const QString &artist, const QString &album)
+    {
+        items.push_back(makeItem(type, artist, album));
+        return items.back().get();
+    }
+
+    void serve(const QString &target, const QByteArray &body)
+    {
+        server.setFile(target, "application/json", body);
+    }
+
+    BackupImageDownloader *start()
+    {
+        auto *batch = new BackupImageDownloader(nullptr);
+        QObject::connect(batch, &BackupImageDownloader::imagesDownloaded, &receiver, [this] { look(); });
+        QList<PlayerItem *> list;
+        for (const auto &item : items)
+            list << item.get();
+        batch->requestImages(list);
+        return batch;
+    }
+
+    // Until the object is gone, behind all it had to say.
+    void finish(const QPointer<BackupImageDownloader> &batch)
+    {
+        QVERIFY(QTest::qWaitFor([&] { return batch.isNull(); }, 30000));
+    }
+
+    QStringList run()
+    {
+        finish(start());
+        return seen;
+    }
+
+    void look()
+    {
+        QStringList tables;
+        for (const auto &item : items)
+            tables << (item ? tableOf(*item) : "gone"_s);
+        seen << tables.join(" | "_s);
+    }
+
+    ArtworkServer server;
+    std::vector<std::unique_ptr<PlayerItem>> items;
+    QObject receiver;
+    QStringList seen; // the items' pictures at each imagesDownloaded()
+};
+
+int threads()
+{
+    return int(QDir("/proc/self/task"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size());
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Spoil)
+
+class TestFallback final : public Suite
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // What works
+
+    void requests_data();
+    void requests();
+    void widths_data();
+    void widths();
+    void oneSignalBehindTheLastReply();
+    void oneRequestForOneAlbum();
+    void nothingStaysBehind();
+
+    // What goes wrong
+
+    void answers_data();
+    void answers();
+    void failures_data();
+    void failures();
+    void noService_data();
+    void noService();
+    void emptyBatchIsDone();
+    void itemDiesMeanwhile();
+    void receiverDiesMeanwhile();
+    void endOfTheProcess_data();
+    void endOfTheProcess();
+};
+
+void TestFallback::requests_data()
+{
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QString>("artist");
+    QTest::addColumn<QString>("album");
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char *name, const QString &artist, const QString &album,
+                        const QString &expected) {
+        QTest::newRow(name) << "track"_s << artist << album << expected;
+    };
+    row("track", "Some Band"_s, "Name Of Album"_s, target("Some+Band"_s, "Name+Of+Album"_s));
+    row("no artist", QString(), "Name Of Album"_s, target(QString(), "Name+Of+Album"_s));
+    row("no album", "A, B"_s, QString(), target("A,+B"_s, QString()));
+    row("blanks", " A  B "_s, "C"_s, target("+A++B+"_s, "C"_s));
+    row("plus", "A+B"_s, "C"_s, target("A+B"_s, "C"_s));
+    row("ampersand", "A & B"_s, "C&D"_s, target("A+&amp;+B"_s, "C&amp;D"_s));
+    row("quotes", "\"A\" <B>"_s, "C's"_s, target("&quot;A&quot;+&lt;B&gt;"_s, "C's"_s));
+    row("percent", "A"_s, "100% Hits"_s, target("A"_s, "100%25+Hits"_s));
+    row("percent and digits", "%2 %1"_s, "%41"_s, target("%252+%251"_s, "%2541"_s));
+    row("encoded", "%41"_s, "a%20b"_s, target("A"_s, "a%20b"_s));
+    row("not ASCII", "Sigur Rós"_s, "日本"_s, target("Sigur+R%C3%B3s"_s, "%E6%97%A5%E6%9C%AC"_s));
+    row("half a character", QString(QChar(0xd800)), "\n"_s, target("%ED%A0%80"_s, "%0A"_s));
+    row("punctuation", "?/:@!$"_s, "=;[]|"_s, target("?/:@!$"_s, "=;[]%7C"_s));
+    row("number sign", "A #1"_s, "B"_s, "/2.0/?artist=A+"_s); // ends the query, as it does in every address
+    QTest::newRow("album") << "album"_s
+                           << "A B"_s
+                           << "C D"_s << target("A+B"_s, "C+D"_s);
+    QTest::newRow("other type") << "artist"_s
+                                << "A"_s
+                                << "B"_s << target(QString(), QString());
+    QTest::newRow("no type") << QString() << "A"_s
+                             << "B"_s << target(QString(), QString());
+}
+
+void TestFallback::requests()
+{
+    QFETCH(const QString, type);
+    QFETCH(const QString, artist);
+    QFETCH(const QString, album);
+    QFETCH(const QString, expected);
+    Service service;
+    service.add(type, artist, album);
+    service.serve(expected, small("http://new"));
+    QCOMPARE(service.run(), QStringList{"30=http://new"_s}); // the reply has found its item
+    QCOMPARE(service.server.requestedPaths(), QStringList{expected});
+}
+
+void TestFallback::widths_data()
+{
+    QTest::addColumn<QByteArray>("entries");
+    QTest::addColumn<QString>("table");
+    QTest::newRow("all") << QByteArray(R"({"#text":"a","size":"small"},{"#text":"b","size":"medium"},)"
+                                       R"({"#text":"c","size":"large"},{"#text":"d","size":"extralarge"},)"
+                                       R"({"#text":"e","size":"mega"},{"#text":"f","size":""})")
+                         << "30=a 65=b 128=f 180=c 300=d 350=e"_s;
+    QTest::newRow("another size") << QByteArray(R"({"#text":"a","size":"giga"})") << "128=a"_s;
+    QTest::newRow("capital") << QByteArray(R"({"#text":"a","size":"Small"})") << "128=a"_s;
+    QTest::newRow("no size") << QByteArray(R"({"#text":"a"})") << "128=a"_s;
+    QTest::newRow("size is a number") << QByteArray(R"({"#text":"a","size":30})") << "128=a"_s;
+    QTest::newRow("later wins") << QByteArray(
+        R"({"#text":"a","size":"x"},{"#text":"b","size":""},{"#text":"","size":""})")
+                                << "128=b"_s;
+    QTest::newRow("without address") << QByteArray(
+        R"({"#text":"","size":"mega"},{"size":"large"},{"#text":7},7,null,{"#text":"a","size":"small"})")
+                                     << "30=a"_s;
+}
+
+void TestFallback::widths()
+{
+    QFETCH(const QByteArray, entries);
+    QFETCH(const QString, table);
+    Service service;
+    service.add("album"_s, "A"_s, "B"_s);
+    service.serve(target("A"_s, "B"_s), answer(entries));
+    QCOMPARE(service.run(), QStringList{table});
+}
+
+void TestFallback::oneSignalBehindTheLastReply()
+{
+    Service service;
+    QStringList expected;
+    for (int i = 0; i < 20; ++i) {
+        const QString name = QString::number(i);
+        service.add("album"_s, i % 5 ? "quick"_s : "slow"_s, name);
+        service.serve(target(i % 5 ? "quick"_s : "slow"_s, name), small(name.toUtf8()));
+        expected << (i % 3 ? "30="_s + name : before);
+        if (i % 3 == 0)
+            service.serve(target(i % 5 ? "quick"_s : "slow"_s, name), R"({"error":6})");
+    }
+    service.server.faults().onlyPath = "slow"_s;
+    service.server.faults().delayMs = 50;
+    QCOMPARE(service.run(), QStringList{expected.join(" | "_s)});
+    QCOMPARE(service.server.requestedPaths().size(), 20);
+}
+
+void TestFallback::oneRequestForOneAlbum()
+{
+    Service service;
+    service.add("track"_s, "A"_s, "B C"_s);
+    service.add("album"_s, "A"_s, "B C"_s);
+    service.add("track"_s, "A"_s, "B+C"_s);
+    service.serve(target("A"_s, "B+C"_s), small("http://new"));
+    QCOMPARE(service.run(), QStringList{before + " | "_s + before + " | 30=http://new"_s});
+    QCOMPARE(service.server.requestedPaths().size(), 1);
+}
+
+void TestFallback::nothingStaysBehind()
+{
+    Service service;
+    service.add("album"_s, "A"_s, "B"_s);
+    service.serve(target("A"_s, "B"_s), small("http://new"));
+    ObjectCount::alive();
+    service.run(); // what Qt makes once for all
+    QTRY_COMPARE(service.server.findChildren<QTcpSocket *>().size(), 0);
+    const int objects = ObjectCount::alive();
+    const int running = threads();
+    for (int round = 0; round < 10; ++round) {
+        QList<QPointer<BackupImageDownloader>> batches;
+        for (int i = 0; i < 20; ++i)
+            batches << service.start();
+        for (const QPointer<BackupImageDownloader> &batch : qAsConst(batches))
+            service.finish(batch);
+    }
+    QCOMPARE(service.seen.size(), 201);
+    QTRY_COMPARE(ObjectCount::alive(), objects);
+    QTRY_COMPARE(threads(), running);
+}
+
+void TestFallback::answers_data()
+{
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<QString>("table");
+    const auto row = [](const char *name, const QByteArray &body, const QString &table) {
+        QTest::newRow(name) << body << table;
+    };
+    const QByteArray good = small("new");
+    row("error", R"({"error":6,"message":"Album not found"})", before);
+    row("error and album", R"({"error":null,"album":{"image":[{"#text":"a"}]}})", before);
+    row("Error is another key", R"({"Error":6,"album":{"image":[{"#text":"a"}]}})", "128=a"_s);
+    row("no album", R"({"results":{}})", before);
+    row("empty object", "{}", before);
+    row("array", "[" + good + "]", before);
+    row("half", good.left(good.size() / 2), before);
+    row("rubbish", "<html>Please log in first.</html>", before);
+    row("bytes", QByteArray::fromHex("00ff8081feff"), before);
+    row("nothing", QByteArray(), before);
+    row("deep", QByteArray(100000, '['), before);
+    row("empty array", answer(QByteArray()), QString());
+    row("no array", R"({"album":{}})", QString());
+    row("array is no array", R"({"album":{"image":"http://a"}})", QString());
+    row("album is no object", R"({"album":null})", QString());
+    row("addresses empty", answer(R"({"#text":"","size":"small"})"), QString());
+    row("just small enough", good.leftJustified(BackupImageDownloader::maxBytes, ' '), "30=new"_s);
+    row("too large", good.leftJustified(BackupImageDownloader::maxBytes + 1, ' '), before);
+}
+
+void TestFallback::answers()
+{
+    QFETCH(const QByteArray, body);
+    QFETCH(const QString, table);
+    Service service;
+    service.add("album"_s, "A"_s, "B"_s);
+    service.serve(target("A"_s, "B"_s), body);
+    QCOMPARE(service.run(), QStringList{table});
+}
+
+void TestFallback::failures_data()
+{
+    QTest::addColumn<Spoil>("spoil");
+    QTest::newRow("not found") << Spoil([](ArtworkFaults &faults) { faults.notFound = true; });
+    QTest::newRow("half the body") << Spoil([](ArtworkFaults &faults) { faults.truncatedBody = true; });
+    QTest::newRow("less than announced") << Spoil([](ArtworkFaults &faults) { faults.lengthLie = 1000; });
+    QTest::newRow("announced too large") << Spoil([](ArtworkFaults &faults) { faults.lengthLie = 1 << 24; });
+    QTest::newRow("without end") << Spoil([](ArtworkFaults &faults) { faults.endlessBody = true; });
+    QTest::newRow("redirect") << Spoil(
+        [](ArtworkFaults &faults) { faults.redirectTo = target("A"_s, "Good"_s); }); // is not followed
+}
+
+// One of two items fails: it keeps its pictures, and holds nobody up.
+void TestFallback::failures()
+{
+    QFETCH(const Spoil, spoil);
+    Service service;
+    service.add("album"_s, "A"_s, "Bad"_s);
+    service.add("album"_s, "A"_s, "Good"_s);
+    service.serve(target("A"_s, "Bad"_s), small("bad").leftJustified(256 * 1024, ' '));
+    service.serve(target("A"_s, "Good"_s), small("good"));
+    spoil(service.server.faults());
+    service.server.faults().onlyPath = "Bad"_s;
+    QCOMPARE(service.run(), QStringList{before + " | 30=good"_s});
+    QCOMPARE(service.server.requestedPaths().size(), 2);
+}
+
+void TestFallback::noService_data()
+{
+    QTest::addColumn<QString>("endpoint");
+    QTcpServer closed;
+    QVERIFY(closed.listen(QHostAddress::LocalHost));
+    QTest::newRow("refused") << "http://127.0.0.1:%1"_s.arg(closed.serverPort());
+    QTest::newRow("no host") << "http://"_s;
+    QTest::newRow("no address") << "http://[:"_s;
+    QTest::newRow("unknown scheme") << "nothing://127.0.0.1"_s;
+}
+
+void TestFallback::noService()
+{
+    QFETCH(const QString, endpoint);
+    Service service;
+    service.add("album"_s, "A"_s, "B"_s);
+    service.add("album"_s, "A"_s, "C"_s);
+    pointTo(endpoint);
+    QCOMPARE(service.run(), QStringList{before + " | "_s + before});
+}
+
+void TestFallback::emptyBatchIsDone()
+{
+    Service service;
+    QCOMPARE(service.run(), QStringList{QString()});
+}
+
+void TestFallback::itemDiesMeanwhile()
+{
+    Service service;
+    service.add("album"_s, "A"_s, "B"_s);
+    service.add("album"_s, "A"_s, "C"_s);
+    for (const QString &album : {"B"_s, "C"_s})
+        service.serve(target("A"_s, album), small("new"));
+    connect(&service.server, &ArtworkServer::requestReceived, this, [&] { service.items.front().reset(); });
+    QCOMPARE(service.run(), QStringList{"gone | 30=new"_s});
+}
+
+void TestFallback::receiverDiesMeanwhile()
+{
+    Service service;
+    service.add("album"_s, "A"_s, "B"_s);
+    service.serve(target("A"_s, "B"_s), small("new"));
+    auto view = std::make_unique<PlayerItem>();
+    int told = 0;
+    BackupImageDownloader *batch = service.start();
+    connect(batch, SIGNAL(imagesDownloaded()), view.get(), SIGNAL(smallImgPathChanged()));
+    connect(view.get(), &PlayerItem::smallImgPathChanged, this, [&] { ++told; });
+    connect(&service.server, &ArtworkServer::requestReceived, this, [&] { view.reset(); });
+    service.finish(batch);
+    QCOMPARE(service.seen, QStringList{"30=new"_s});
+    QCOMPARE(told, 0);
+}
+
+void TestFallback::endOfTheProcess_data()
+{
+    QTest::addColumn<QString>("stage");
+    for (const char *stage : {"asked", "waiting", "answered"})
+        QTest::newRow(stage) << QString::fromLatin1(stage);
+}
+
+void TestFallback::endOfTheProcess()
+{
+    QFETCH(const QString, stage);
+    QProcess program;
+    program.setProcessChannelMode(QProcess::MergedChannels);
+    program.start(QCoreApplication::applicationFilePath(), {"--end-when"_s, stage});
+    QVERIFY(program.waitForFinished(30000));
+    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(program.readAll(), QByteArray());
+    QCOMPARE(program.exitCode(), 0);
+}
+
+// A program that ends with a batch at one of its stages: 0 if the batch has ended with the application object.
+static int endWhen(const QByteArray &stage, int argc, char **argv)
+{
+    QPointer<BackupImageDownloader> batch;
+    {
+        const QCoreApplication application(argc, argv);
+        QTcpServer silent;
+        if (!silent.listen(QHostAddress::LocalHost))
+            return 2;
+        pointTo("http://127.0.0.1:%1"_s.arg(silent.serverPort()));
+        Album item;
+        batch = new BackupImageDownloader(nullptr);
+        if (stage == "answered")
+            silent.close();
+        batch->requestImages({&item});
+        if (stage == "waiting" && !silent.waitForNewConnection(30000))
+            return 3;
+        if (stage == "answered" && !batch->wait(30000))
+            return 4;
+    }
+    return batch ? 1 : 0;
+}
+
+int main(int argc, char **argv)
+{
+    if (argc == 3 && qstrcmp(argv[1], "--end-when") == 0)
+        return endWhen(argv[2], argc, argv);
+    return runSuite(argc, argv, [] { return std::make_unique<TestFallback>(); });
+}
+
+#include "tst_fallback.moc"
