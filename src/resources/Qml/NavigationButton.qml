@@ -17,21 +17,8 @@ Item {
 
     signal clicked()
 
-    Canvas {
-        id: chevron
-
-        onPaint: {
-            var context = getContext("2d")
-            context.clearRect(0, 0, width, height)
-            context.lineWidth = 2
-            context.strokeStyle = currentTheme.text
-            context.beginPath()
-            context.moveTo(20, height / 2 - 10)
-            context.lineTo(10, height / 2)
-            context.lineTo(20, height / 2 + 10)
-            context.stroke()
-        }
-
+    Chevron {
+        points: [[20, height / 2 - 10], [10, height / 2], [20, height / 2 + 10]]
         width: 25
         height: parent.height
         visible: root.type === 0

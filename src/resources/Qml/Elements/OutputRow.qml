@@ -3,6 +3,7 @@
 
 import QtQuick 2.0
 import ".."
+import "pictures.js" as Pictures
 
 // One output in the list: cover, name, what plays, mute and volume.
 Item {
@@ -33,7 +34,7 @@ Item {
         } else if (player.currentSong && player.currentSong.smallImgPath !== "") {
             pictureWanted(player.currentSong.smallImgPath, cover)
         } else {
-            cover.coverSource = "qrc:/HalvoraImgs/Images/defaultcoverart" + currentTheme.imgSuffix + ".png"
+            cover.coverSource = Pictures.accented("defaultcoverart", currentTheme)
         }
     }
 
@@ -127,7 +128,7 @@ Item {
         width: 50
         height: 50
         imgSource: root.output && root.output.mute
-                   ? "qrc:/HalvoraImgs/Images/mute_small" + currentTheme.imgSuffix + ".png"
+                   ? Pictures.accented("mute_small", currentTheme)
                    : "qrc:/HalvoraImgs/Images/sound_small.png"
         onClicked: root.muteClicked()
     }

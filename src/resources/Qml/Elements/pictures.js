@@ -8,6 +8,11 @@ function sourceOf(uri) {
     return uri.substring(0, 5) === "qrc:/" ? uri : "image://async/" + uri
 }
 
+// Our own picture of that name in the theme's accent.
+function accented(stem, theme) {
+    return "qrc:/HalvoraImgs/Images/" + stem + theme.imgSuffix + ".png"
+}
+
 function isLargerThan(source, side) {
     return source.width > side || source.height > side
 }

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+import QtQuick 2.0
+import "../Elements"
+
+Item {
+    id: root
+
+    property bool selected: false
+    property string imgSource: ""
+    property alias textLabel: row.title
+    property alias detailTextLabel: row.detail
+
+    signal moreMenuRequested()
+    signal clicked()
+
+    function updateImage(uri) {
+        imgSource = uri
+    }
+
+    height: 75
+
+    PictureRow {
+        id: row
+
+        anchors.fill: parent
+        selected: root.selected
+        picture.y: 6
+        picture.defaultStem: "playlistcoverart"
+        picture.imgSource: root.imgSource
+        detailRightMargin: 50
+    }
+
+    Chevron {
+        anchors { verticalCenter: parent.verticalCenter; right: parent.right; rightMargin: 13 }
+    }
+
+    MouseArea {
+        anchors.fill: parent
+        onClicked: root.clicked()
+    }
+
+    MenuButton {
+        onClicked: root.moreMenuRequested()
+    }
+}
