@@ -45,8 +45,18 @@ PlayerView {
         matrixPopup.y = matrixPopup.y >= height ? topBar.height : height
     }
 
+    function toggleEqualizer() {
+        equalizer.y = equalizer.y >= height ? 302 : height
+    }
+
+    function saveEqualizer(bass, middle, treble, loudness) {
+        if (halvora && selectedOutput)
+            halvora.actionSetEqualizerForOutput([selectedOutput.index, bass, middle, treble, loudness].join("|"))
+    }
+
     function closeAllPopups() {
         matrixPopup.y = height
+        equalizer.y = height
     }
 
     function prepareDisconnectSource() {
@@ -169,7 +179,10 @@ PlayerView {
         if (!volumeSlider.sliding)
             volumeSlider.value = outputVolume
     }
-    onHeightChanged: matrixPopup.parkUnlessOpen()
+    onHeightChanged: {
+        matrixPopup.parkUnlessOpen()
+        equalizer.parkUnlessOpen()
+    }
 
     // Off the screen it keeps its size.
     width: parent ? parent.width : width
@@ -303,6 +316,16 @@ PlayerView {
     }
 
     FeedbackButton {
+        anchors { top: playerView.bottom; topMargin: 45; right: muteButton.left; rightMargin: 15 }
+        width: 50
+        height: 50
+        imgSource: root.picture("equilizer")
+        onClicked: root.toggleEqualizer()
+    }
+
+    FeedbackButton {
+        id: muteButton
+
         anchors { top: playerView.bottom; topMargin: 45; right: parent.right; rightMargin: 15 }
         width: 50
         height: 50
@@ -312,6 +335,19 @@ PlayerView {
             if (root.selectedOutput)
                 root.halvora.actionSetMuteForOutput(!root.selectedOutput.mute, root.selectedOutput.index)
         }
+    }
+
+    Equalizer {
+        id: equalizer
+
+        y: root.height
+        width: root.width
+        height: root.height - 302
+        bassValue: root.selectedOutput ? root.selectedOutput.bass : 0
+        middleValue: root.selectedOutput ? root.selectedOutput.middle : 0
+        trebleValue: root.selectedOutput ? root.selectedOutput.treble : 0
+        loudnessValue: root.selectedOutput ? root.selectedOutput.loudness : 0
+        onSaveEqualizer: root.saveEqualizer(bass, middle, treble, loudness)
     }
 
     MatrixPopup {
