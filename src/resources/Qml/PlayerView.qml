@@ -94,10 +94,20 @@ PlayerView {
         playlistPopup.currHalvora = null
     }
 
+    function toggleEqualizer() {
+        equalizer.y = equalizer.y >= height ? 302 : height
+    }
+
+    function saveEqualizer(bass, middle, treble, loudness) {
+        if (halvora && selectedOutput)
+            halvora.actionSetEqualizerForOutput([selectedOutput.index, bass, middle, treble, loudness].join("|"))
+    }
+
     function closeAllPopups() {
         matrixPopup.y = height
         queuePopup.y = height
         playlistPopup.y = height
+        equalizer.y = height
     }
 
     function prepareDisconnectSource() {
@@ -232,6 +242,7 @@ PlayerView {
         matrixPopup.parkUnlessOpen()
         queuePopup.parkUnlessOpen()
         playlistPopup.parkUnlessOpen()
+        equalizer.parkUnlessOpen()
     }
 
     // Off the screen it keeps its size.
@@ -405,6 +416,16 @@ PlayerView {
     }
 
     FeedbackButton {
+        anchors { top: playerView.bottom; topMargin: 45; right: muteButton.left; rightMargin: 15 }
+        width: 50
+        height: 50
+        imgSource: root.picture("equilizer")
+        onClicked: root.toggleEqualizer()
+    }
+
+    FeedbackButton {
+        id: muteButton
+
         anchors { top: playerView.bottom; topMargin: 45; right: parent.right; rightMargin: 15 }
         width: 50
         height: 50
@@ -435,6 +456,19 @@ PlayerView {
         y: root.height
         width: root.width
         height: root.height
+    }
+
+    Equalizer {
+        id: equalizer
+
+        y: root.height
+        width: root.width
+        height: root.height - 302
+        bassValue: root.selectedOutput ? root.selectedOutput.bass : 0
+        middleValue: root.selectedOutput ? root.selectedOutput.middle : 0
+        trebleValue: root.selectedOutput ? root.selectedOutput.treble : 0
+        loudnessValue: root.selectedOutput ? root.selectedOutput.loudness : 0
+        onSaveEqualizer: root.saveEqualizer(bass, middle, treble, loudness)
     }
 
     MatrixPopup {

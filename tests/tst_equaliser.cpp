@@ -1,0 +1,230 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "support/ClientWindow.h"
+#include "support/Suite.h"
+
+#include "player/PlayerTiming.h"
+
+/**
+ * The equaliser of the player screen: the mouse on a real window, and what then reaches the device.
+ */
+class EqualiserTest final : public Suite
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { PlayerTiming::current() = {50, 25, 50}; }
+
+    // What works
+    void opensAndCloses();
+    void buttonClosesToo();
+    void dragsReachTheDevice_data();
+    void dragsReachTheDevice();
+    void showsTheSelectedOutput();
+    void openEqualiserFits_data();
+    void openEqualiserFits();
+
+    // What goes wrong
+    void deviceDoesNotMoveAHeldSlider();
+    void withoutAnOutputNothingIsSent();
+};
+
+namespace {
+
+const QList<int> tuned{5, -6, 7, 8};
+
+// On the outputs screen: the way to the player of output 7.
+const QPoint secondCover(52, 65 + 90 + 44);
+
+QPoint equaliserButton(const QSize &size)
+{
+    return {size.width() - 105, size.height() - 37};
+}
+
+QList<int> shownValues(const ClientWindow &client)
+{
+    QList<int> values;
+    for (int band = 0; band < 4; ++band)
+        values << client.item("VerticalSlider"_s, band)->property("value").toInt();
+    return values;
+}
+
+void tune(ClientWindow *client, int output, const QList<int> &values)
+{
+    client->device.setEqualizer(output, values.at(0), values.at(1), values.at(2), values.at(3));
+}
+
+/// False if the panel does not come to rest where it belongs.
+bool open(ClientWindow *client)
+{
+    client->click(equaliserButton(client->view.size()));
+    return QTest::qWaitFor([&] { return client->item("Equalizer"_s)->y() == 302; });
+}
+
+// The top of the bar is the grip's middle. The button stays down.
+QPoint dragUp(ClientWindow *client, int band)
+{
+    const QQuickItem *bar = client->item("VerticalSlider"_s, band)->childItems().first();
+    QPoint place = bar->mapToScene({bar->width() / 2, 0}).toPoint();
+    client->press(place);
+    for (int step = 0; step < 10; ++step)
+        client->moveTo(place -= QPoint(0, 5));
+    return place;
+}
+
+} // namespace
+
+void EqualiserTest::opensAndCloses()
+{
+    ClientWindow client;
+    QVERIFY(client.showPlayer());
+    const QQuickItem *equaliser = client.item("Equalizer"_s);
+    QCOMPARE(equaliser->y(), 640.0);
+    QVERIFY(open(&client));
+    client.forgetCommands();
+    client.click({410, 603}); // on the ground, which lets nothing through to the mute button
+    client.click({30, 302 + 20});
+    QTRY_COMPARE(equaliser->y(), 640.0);
+    QCOMPARE(client.commands(), QStringList());
+    QVERIFY(open(&client));
+    client.selectTab(0);
+    client.selectTab(1);
+    QTRY_COMPARE(equaliser->y(), 640.0);
+}
+
+// In a window so low that the open equaliser leaves some of its button free, and no room for a cover.
+void EqualiserTest::buttonClosesToo()
+{
+    const QSize low(450, 340);
+    ClientWindow client;
+    QVERIFY(client.showOutputs());
+    client.click(secondCover);
+    QTRY_VERIFY(client.item("SourceImgView"_s));
+    QVERIFY(open(&client));
+    client.view.resize(low);
+    QTRY_COMPARE(client.item("Equalizer"_s)->y(), 340.0);
+    const QPoint rim = equaliserButton(low) - QPoint(0, 15);
+    client.click(rim);
+    QTRY_COMPARE(client.item("Equalizer"_s)->y(), 302.0);
+    client.click(rim);
+    QTRY_COMPARE(client.item("Equalizer"_s)->y(), 340.0);
+}
+
+void EqualiserTest::dragsReachTheDevice_data()
+{
+    QTest::addColumn<int>("band");
+    QTest::newRow("bass") << 0;
+    QTest::newRow("middle") << 1;
+    QTest::newRow("treble") << 2;
+    QTest::newRow("loudness") << 3;
+}
+
+void EqualiserTest::dragsReachTheDevice()
+{
+    QFETCH(int, band);
+    ClientWindow client;
+    QVERIFY(client.showPlayer());
+    tune(&client, 3, tuned);
+    QTRY_COMPARE(shownValues(client), tuned);
+    QVERIFY(open(&client));
+    client.forgetCommands();
+    client.release(dragUp(&client, band));
+    QList<int> values = tuned;
+    values[band] = shownValues(client).at(band);
+    QVERIFY2(values[band] > tuned[band] + 4, "the slider has followed the mouse");
+    QCOMPARE(shownValues(client), values);
+    const QString command = "UI_COMMAND|2002|100|3|%1|%2|%3|%4"_s;
+    QTRY_COMPARE(client.lastCommand(),
+                 command.arg(values.at(0)).arg(values.at(1)).arg(values.at(2)).arg(values.at(3)));
+}
+
+void EqualiserTest::showsTheSelectedOutput()
+{
+    ClientWindow client;
+    tune(&client, 3, tuned);
+    tune(&client, 7, {-1, 2, -3, 4});
+    QVERIFY(client.showPlayer());
+    QCOMPARE(shownValues(client), tuned);
+    tune(&client, 12, {1, 1, 1, 1});
+    client.selectTab(0);
+    client.click(secondCover);
+    QTRY_COMPARE(shownValues(client), (QList<int>{-1, 2, -3, 4}));
+    QVERIFY(open(&client));
+    client.forgetCommands();
+    client.release(dragUp(&client, 0));
+    QTRY_VERIFY(client.lastCommand().startsWith("UI_COMMAND|2002|100|7|"_s));
+    QVERIFY(client.lastCommand().endsWith("|2|-3|4"_s));
+}
+
+void EqualiserTest::openEqualiserFits_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("usual") << QSize(450, 640);
+    QTest::newRow("narrow") << QSize(360, 640);
+    QTest::newRow("landscape") << QSize(1024, 768);
+}
+
+void EqualiserTest::openEqualiserFits()
+{
+    QFETCH(QSize, size);
+    ClientWindow client;
+    QVERIFY(client.showPlayer());
+    client.view.resize(size);
+    QTRY_COMPARE(client.item("PlayerView"_s)->size().toSize(), size);
+    QVERIFY(open(&client));
+    qreal right = 0;
+    for (const QString &text : {"BASS 100Hz"_s, "MIDDLE 1kHz"_s, "TREBLE 10kHz"_s, "LOUDNESS"_s}) {
+        const QQuickItem *label = client.itemWithText(text);
+        const qreal half = label->property("contentWidth").toReal() / 2;
+        const QPointF centre = label->mapToScene({label->width() / 2, label->property("contentHeight").toReal()});
+        QVERIFY2(centre.x() - half > right && centre.y() <= size.height(), qPrintable(text));
+        right = centre.x() + half;
+    }
+    QVERIFY(right <= size.width());
+    // The first dash of each guide line.
+    const QColor guide = client.itemWithText("0dB"_s)->property("color").value<QColor>();
+    for (const int y : {302 + 60, 302 + 60 + (size.height() - 432) / 2, size.height() - 71})
+        QTRY_COMPARE(client.pixel({16, y}), guide);
+}
+
+void EqualiserTest::deviceDoesNotMoveAHeldSlider()
+{
+    ClientWindow client;
+    QVERIFY(client.showPlayer());
+    QVERIFY(open(&client));
+    const QPoint end = dragUp(&client, 1);
+    const int held = shownValues(client).at(1);
+    QVERIFY(held > 4);
+    // Said again and again: what the drag itself has sent may still be on its way and undo it once.
+    const auto afterEcho = [&] {
+        tune(&client, 3, {-9, -9, -9, -9});
+        return shownValues(client);
+    };
+    QTRY_COMPARE(afterEcho(), (QList<int>{-9, held, -9, -9}));
+    client.release(end);
+    QTRY_COMPARE(client.lastCommand(), "UI_COMMAND|2002|100|3|-9|%1|-9|-9"_s.arg(held));
+    tune(&client, 3, tuned);
+    QTRY_COMPARE(shownValues(client), tuned);
+}
+
+void EqualiserTest::withoutAnOutputNothingIsSent()
+{
+    ClientWindow client;
+    client.device.setState({});
+    QVERIFY(client.show());
+    QTRY_COMPARE(client.device.joinedConnections(), 1);
+    QTRY_VERIFY(!client.item("ConnectionOverlay"_s));
+    client.selectTab(1);
+    QVERIFY(open(&client));
+    client.forgetCommands();
+    client.release(dragUp(&client, 2));
+    QVERIFY(shownValues(client).at(2) > 4);
+    client.background(); // whatever was sent has arrived when the connection has ended
+    QTRY_COMPARE(client.device.liveConnections(), 0);
+    QCOMPARE(client.commands(), QStringList());
+}
+
+HALVORA_SUITE_MAIN(EqualiserTest)
+
+#include "tst_equaliser.moc"
