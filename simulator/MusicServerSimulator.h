@@ -59,6 +59,7 @@ public:
 
     // The server's own side, for whoever plays a person at it. What they do reaches all clients as events.
     Tracklist *tracklist() { return &m_tracklist; }
+    const Tracklist *tracklist() const { return &m_tracklist; }
     Playback *playback() { return &m_playback; }
     PlaylistShelf *playlists() { return &m_playlists; }
     ArtworkServer *artwork() { return &m_artwork; }

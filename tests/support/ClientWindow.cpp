@@ -10,6 +10,9 @@
 #include <QQmlEngine>
 #include <QtTest>
 
+#include <QJsonArray>
+#include <QJsonDocument>
+
 #include <algorithm>
 
 namespace {
@@ -55,7 +58,7 @@ void collect(QQuickItem *item, QList<QQuickItem *> *found)
 
 } // namespace
 
-ClientWindow::ClientWindow()
+ClientWindow::ClientWindow(const Catalogue &catalogue) : server(catalogue)
 {
     registerHalvoraTypes();
     server.listen();
@@ -150,6 +153,21 @@ void ClientWindow::release(const QPoint &place)
     QTest::mouseRelease(&view, Qt::LeftButton, {}, place);
 }
 
+bool ClientWindow::clickOn(const QString &text)
+{
+    QQuickItem *label = nullptr;
+    if (!QTest::qWaitFor([&] { return (label = itemWithText(text)) != nullptr; }))
+        return false;
+    click(label->mapToScene(label->boundingRect().center()).toPoint());
+    return true;
+}
+
+void ClientWindow::type(const QString &text)
+{
+    for (const QChar character : text)
+        QTest::keyClick(&view, character.toLatin1());
+}
+
 QList<QQuickItem *> ClientWindow::itemsOnShow() const
 {
     QList<QQuickItem *> items;
@@ -223,4 +241,46 @@ QStringList ClientWindow::commands() const
 void ClientWindow::forgetCommands()
 {
     device.clearReceived();
+}
+
+namespace {
+
+bool areQueued(const QJsonArray &uris, const Tracklist &tracklist)
+{
+    const auto isQueued = [&](const QJsonValue &uri) {
+        const auto &entries = tracklist.entries();
+        return std::any_of(entries.begin(), entries.end(),
+                           [&](const TracklistEntry &entry) { return entry.track.uri == uri.toString(); });
+    };
+    return std::all_of(uris.begin(), uris.end(), isQueued);
+}
+
+// What the client asks now and then, and after events.
+bool isMirroring(const ReceivedRequest &request, const Tracklist &tracklist)
+{
+    static const QStringList polls{"core.get_uri_schemes"_s,          "core.playback.get_state"_s,
+                                   "core.playback.get_current_track"_s, "core.playback.get_time_position"_s,
+                                   "core.tracklist.get_random"_s,       "core.tracklist.get_repeat"_s,
+                                   "core.tracklist.get_tl_tracks"_s,    "core.playlists.as_list"_s};
+    if (request.method == "core.library.get_images"_s)
+        return areQueued(request.parameters.toObject().value("uris"_s).toArray(), tracklist);
+    return polls.contains(request.method);
+}
+
+QString written(const ReceivedRequest &request)
+{
+    const QJsonDocument parameters(request.parameters.toObject());
+    return request.method.mid(5) + QString::fromUtf8(parameters.toJson(QJsonDocument::Compact));
+}
+
+} // namespace
+
+QStringList ClientWindow::requests() const
+{
+    QStringList requests;
+    for (const ReceivedRequest &request : server.requests()) {
+        if (!isMirroring(request, *server.tracklist()))
+            requests.append(written(request));
+    }
+    return requests;
 }

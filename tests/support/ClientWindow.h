@@ -18,7 +18,7 @@ class ClientWindow final
 {
 public:
     /// Outputs 3 and 12 play source 2, output 7 plays source 9. The music server stands but has nothing to play.
-    ClientWindow();
+    explicit ClientWindow(const Catalogue &catalogue = Catalogue());
     ~ClientWindow();
 
     /// Shows the window; `screensFirst` is the usual order of a host. False if it never showed.
@@ -38,6 +38,9 @@ public:
     void press(const QPoint &place);
     void moveTo(const QPoint &place);
     void release(const QPoint &place);
+    /// Clicks on the middle of the label with that text, when it has come; false if it never came.
+    bool clickOn(const QString &text);
+    void type(const QString &text); ///< into what has the focus
 
     /// The label in the window with that text; null if there is none.
     QQuickItem *itemWithText(const QString &text) const;
@@ -59,6 +62,11 @@ public:
         return commands().value(commands().size() - 1);
     } ///< null while there is none
     void forgetCommands();
+
+    /// What has reached the music server since the last call of forgetRequests(), as method and parameters, without what
+    /// the client asks by itself to keep its mirror.
+    QStringList requests() const;
+    void forgetRequests() { server.clearRequests(); }
 
     QQuickView view;
     DeviceSimulator device;
