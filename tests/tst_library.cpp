@@ -81,6 +81,22 @@ QString play(int tlid)
 
 const QString askPosition = call("tracklist.index"_s);
 
+QPoint inScene(const QQuickItem *item, qreal x, qreal y)
+{
+    return item->mapToScene({x, y}).toPoint();
+}
+
+// In the dialogs, whose box of 300 by 200 stands in the middle.
+QPoint okOf(const QQuickItem *dialog)
+{
+    return inScene(dialog, dialog->width() / 2 - 75, dialog->height() / 2 + 75);
+}
+
+QPoint fieldOf(const QQuickItem *dialog)
+{
+    return inScene(dialog, dialog->width() / 2, dialog->height() / 2 + 30);
+}
+
 // A client whose player screen stands, and the library behind it.
 class Listener final
 {
@@ -119,8 +135,7 @@ public:
     bool openAlbums()
     {
         client.click(libraryButton);
-        return client.clickOn("Local media"_s) && client.clickOn("Albums"_s)
-            && shows(track(album).albumName);
+        return client.clickOn("Local media"_s) && client.clickOn("Albums"_s) && shows(track(album).albumName);
     }
 
     bool openAlbum()
@@ -145,13 +160,13 @@ public:
         return QTest::qWaitFor([&] { return client.showsText(text); });
     }
 
-    bool openMenuOf(const QString &row)
+    bool openMenuOf(const QString &row, const QString &menu = "MoreMenu"_s)
     {
         const QQuickItem *label = client.itemWithText(row);
         if (!label)
             return false;
         client.click({menuButton, int(label->mapToScene({}).y()) + 40});
-        return isStill("MoreMenu"_s);
+        return isStill(menu);
     }
 
     // Whether a panel has slid in.
@@ -161,6 +176,12 @@ public:
             const QQuickItem *panel = client.item(type);
             return panel && panel->y() == 0 && panel->x() == 0;
         });
+    }
+
+    bool closeFilters()
+    {
+        return client.clickOn("Select"_s)
+            && QTest::qWaitFor([&] { return client.item("FilterPanel"_s)->x() >= 450; });
     }
 
     bool openPlaylists()
@@ -175,15 +196,9 @@ public:
         return true;
     }
 
-    QString playlistUri(int which) const
-    {
-        return client.server.playlists()->playlists().at(which).uri;
-    }
+    QString playlistUri(int which) { return client.server.playlists()->playlists().at(which).uri; }
 
-    bool openPlaylistMenu()
-    {
-        return openMenuOf("Morning"_s) || isStill("PlaylistMoreMenu"_s);
-    }
+    bool openPlaylistMenu() { return openMenuOf("Morning"_s, "PlaylistMoreMenu"_s); }
 
     ClientWindow client;
 };
@@ -226,19 +241,15 @@ void LibraryTest::barNamesTheScreens()
     QVERIFY(listener.start());
     listener.client.click(libraryButton);
     const auto bar = [&] {
-        QStringList bar;
-        for (const QString &text : listener.client.texts()) {
-            if (listener.client.itemWithText(text)->mapToScene({}).y() < 40)
-                bar.append(text);
-        }
-        return bar;
+        const QQuickItem *bar = listener.client.item("NavigationBar"_s); // that of the playlists waits below
+        return bar->property("backText").toString() + "|"_s + bar->property("title").toString();
     };
     QVERIFY(listener.shows("Local media"_s));
-    QCOMPARE(bar(), QStringList{"Close"_s});
+    QCOMPARE(bar(), "|"_s);
     QVERIFY(listener.client.clickOn("Local media"_s));
-    QTRY_COMPARE(bar(), (QStringList{"Music"_s, "Local media"_s, "Close"_s}));
+    QTRY_COMPARE(bar(), "Music|Local media"_s);
     listener.client.click(backButton);
-    QTRY_COMPARE(bar(), (QStringList{"Music"_s, "Close"_s}));
+    QTRY_COMPARE(bar(), "Music|Music"_s);
     listener.client.click(rightButton);
     QTRY_VERIFY(!listener.client.showsText("Local media"_s));
 }
@@ -267,7 +278,7 @@ void LibraryTest::menuOfATrack()
     QVERIFY(listener.openAlbum());
     const QString name = listener.track(album + 3).name;
     QVERIFY(listener.openMenuOf(name));
-    QVERIFY(listener.client.clickOn(row.endsWith('"'_c) ? row + name + "\""_s : row));
+    QVERIFY(listener.client.clickOn(row.endsWith(QLatin1Char('"')) ? row + name + "\""_s : row));
     const QStringList uris = listener.uris(album + 3, all ? album + 10 : album + 4);
     QStringList expected{next ? add(uris, 1) : ofUris("tracklist.add"_s, uris)};
     if (next)
@@ -336,10 +347,235 @@ void LibraryTest::itemsJoinAPlaylist()
     QVERIFY(listener.openMenuOf(ofAlbum ? track.albumName : track.name));
     QVERIFY(listener.client.clickOn(row));
     QVERIFY(listener.shows("Evening"_s));
-    QVERIFY(listener.isStill("PlaylistChooser"_s) || true);
     QVERIFY(listener.client.clickOn("Evening"_s));
     QTRY_COMPARE(shelf->find(uri)->trackUris, listener.uris(40, 41) + listener.uris(from, to));
     QCOMPARE(shelf->playlists().at(0).trackUris, listener.uris(30, 33));
+}
+
+// One artist, one album and `tracks` tracks of the library, as a backend finds them.
+static QJsonArray results(const Listener &listener, int tracks)
+{
+    QJsonArray found;
+    for (int i = 0; i < tracks; ++i)
+        found.append(MopidyModels::track(listener.track(album + i)));
+    return {MopidyModels::searchResult("local:search"_s, found, {MopidyModels::album(listener.track(100))},
+                                       {MopidyModels::artist(listener.track(album).artists.constFirst())})};
+}
+
+static bool search(Listener *listener, const QString &text)
+{
+    listener->client.click(searchButton);
+    if (!listener->shows("Search"_s))
+        return false;
+    listener->client.click({150, 44 + 20});
+    listener->client.type(text);
+    QTest::keyClick(&listener->client.view, Qt::Key_Return);
+    return true;
+}
+
+static QString searchCall(const QString &text, const QJsonValue &uris)
+{
+    return call("library.search"_s, {{"query"_s, QJsonObject{{"any"_s, text}}}, {"uris"_s, uris}});
+}
+
+void LibraryTest::searchShowsFiveOfAKind()
+{
+    Listener listener;
+    ClientWindow &client = listener.client;
+    QVERIFY(listener.start());
+    client.server.faults().results.insert("core.library.search"_s, results(listener, 6));
+    QVERIFY(search(&listener, "Winter"_s));
+    QVERIFY(listener.shows(listener.track(album).name));
+    QCOMPARE(client.requests().value(0), searchCall("Winter"_s, QJsonObject()));
+    const QStringList texts = client.texts();
+    QCOMPARE(texts.count("Show more..."_s), 3);
+    for (const char *heading : {"Artists", "Albums", "Tracks"})
+        QVERIFY2(texts.contains(QString::fromLatin1(heading)), heading);
+    QTRY_COMPARE(client.requests().size(), 6); // an artist has pictures alone
+    QVERIFY(!texts.contains(listener.track(album + 5).name));
+
+    client.forgetRequests();
+    const QQuickItem *tracks = client.itemWithText("Tracks"_s);
+    client.click({390, int(tracks->mapToScene({}).y()) + 22});
+    QVERIFY(listener.shows(listener.track(album + 5).name));
+    QCOMPARE(client.item("NavigationBar"_s)->property("title").toString(), "Tracks"_s);
+    QVERIFY(client.clickOn(listener.track(album + 5).name));
+    QVERIFY(listener.sent({askPosition, add(listener.uris(album + 5, album + 6), 1), play(3)}));
+}
+
+void LibraryTest::searchInOneService()
+{
+    Listener listener;
+    ClientWindow &client = listener.client;
+    QVERIFY(listener.start());
+    QTRY_COMPARE(client.server.requestCount("core.get_uri_schemes"_s), 0);
+    client.click(searchButton);
+    QVERIFY(client.clickOn("Show filters"_s));
+    QVERIFY(client.clickOn("Local files"_s));
+    QVERIFY(listener.closeFilters());
+    QVERIFY(client.clickOn("Search"_s)); // with an empty field
+    QVERIFY(listener.sent({}));
+    client.click({150, 44 + 20});
+    client.type("Winter"_s);
+    QVERIFY(client.clickOn("Search"_s));
+    QTRY_COMPARE(client.requests().filter("library.search"_s),
+                 QStringList{searchCall("Winter"_s, QJsonArray{"local:"_s})});
+    client.forgetRequests();
+    QVERIFY(client.clickOn("Show filters"_s));
+    QVERIFY(client.clickOn("All services"_s));
+    QVERIFY(listener.closeFilters());
+    QVERIFY(client.clickOn("Search"_s));
+    QTRY_COMPARE(client.requests().filter("library.search"_s),
+                 QStringList{searchCall("Winter"_s, QJsonObject())});
+}
+
+// On the first screen a track plays by its menu alone, and an album leads on.
+void LibraryTest::tracksOfASearch()
+{
+    Listener listener;
+    ClientWindow &client = listener.client;
+    QVERIFY(listener.start());
+    client.server.faults().results.insert(
+        "core.library.search"_s,
+        QJsonArray{MopidyModels::searchResult("local:search"_s, {MopidyModels::track(listener.track(album))},
+                                              {MopidyModels::album(listener.track(100))}, {})});
+    QVERIFY(search(&listener, "x"_s));
+    QVERIFY(listener.shows(listener.details(album)));
+    client.forgetRequests();
+    QVERIFY(client.clickOn(listener.track(album).name));
+    QVERIFY(listener.openMenuOf(listener.track(album).name));
+    QVERIFY(client.clickOn("Add to Queue"_s));
+    QVERIFY(listener.sent({ofUris("tracklist.add"_s, listener.uris(album, album + 1))}));
+    QTRY_VERIFY(client.item("MoreMenu"_s)->y() >= 640);
+    QVERIFY(client.clickOn(listener.track(100).albumName));
+    QTRY_COMPARE(client.requests().value(0), ofUri("library.browse"_s, listener.track(100).albumUri));
+}
+
+void LibraryTest::playlistIsOpened()
+{
+    Listener listener;
+    QVERIFY(listener.start());
+    QVERIFY(listener.openPlaylists());
+    QVERIFY(listener.client.clickOn("Morning"_s));
+    const QStringList uris = listener.uris(30, 33);
+    QVERIFY(listener.sent({ofUri("playlists.get_items"_s, listener.playlistUri(0)),
+                           ofUris("library.lookup"_s, uris), ofUris("library.get_images"_s, uris)}));
+    QVERIFY(listener.shows(listener.details(31)));
+    QVERIFY(!listener.client.showsText("Add"_s));
+    QVERIFY(listener.client.clickOn(listener.track(31).name));
+    QVERIFY(listener.sent({askPosition, add({uris.at(1)}, 1), play(3)}));
+    listener.client.click(backButton);
+    QVERIFY(listener.shows("Add"_s));
+    listener.client.click(rightButton);
+    QTRY_COMPARE(listener.client.item("PlaylistsNavPopup"_s)->y(), 645.0);
+}
+
+void LibraryTest::menuOfAPlaylist_data()
+{
+    QTest::addColumn<QString>("row");
+    QTest::addColumn<bool>("replaces");
+    QTest::newRow("play") << "Play Now \"Morning\""_s << true;
+    QTest::newRow("queue") << "Add to Queue"_s << false;
+}
+
+void LibraryTest::menuOfAPlaylist()
+{
+    QFETCH(QString, row);
+    QFETCH(bool, replaces);
+    Listener listener;
+    QVERIFY(listener.start());
+    QVERIFY(listener.openPlaylists());
+    QVERIFY(listener.openPlaylistMenu());
+    QVERIFY(listener.client.clickOn(row));
+    QStringList expected{ofUri("playlists.get_items"_s, listener.playlistUri(0))};
+    if (replaces)
+        expected << call("playback.stop"_s) << call("tracklist.clear"_s);
+    expected << ofUris("tracklist.add"_s, listener.uris(30, 33));
+    if (replaces)
+        expected << play(3);
+    QVERIFY(listener.sent(expected));
+}
+
+void LibraryTest::playlistIsNamed_data()
+{
+    QTest::addColumn<bool>("renames");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("a new one") << false << "Dinner"_s;
+    QTest::newRow("a new one without a name") << false << QString();
+    QTest::newRow("rename") << true << "Lunch"_s;
+}
+
+void LibraryTest::playlistIsNamed()
+{
+    QFETCH(bool, renames);
+    QFETCH(QString, name);
+    Listener listener;
+    ClientWindow &client = listener.client;
+    QVERIFY(listener.start());
+    QVERIFY(listener.openPlaylists());
+    QVERIFY(!renames || listener.openPlaylistMenu());
+    QVERIFY(client.clickOn(renames ? "Rename"_s : "Add"_s));
+    QVERIFY(
+        listener.shows(renames ? "Rename current playlist with name"_s : "Create new playlist with name"_s));
+    client.click(fieldOf(client.item("PlaylistSaveDialog"_s)));
+    client.type(name);
+    client.forgetCommands();
+    client.click(okOf(client.item("PlaylistSaveDialog"_s)));
+    if (renames)
+        QTRY_COMPARE(client.commands(),
+                     QStringList{"UI_COMMAND|2010|100|"_s + listener.playlistUri(0) + "|Lunch"_s});
+    QVERIFY(listener.sent(
+        renames ? QStringList()
+                : QStringList{call("playlists.create"_s, {{"name"_s, name}, {"uri_scheme"_s, "m3u"_s}})}));
+    QTRY_VERIFY(!client.item("PlaylistSaveDialog"_s));
+}
+
+// "Cancel" leaves the question standing.
+void LibraryTest::playlistIsDeleted()
+{
+    Listener listener;
+    ClientWindow &client = listener.client;
+    QVERIFY(listener.start());
+    QVERIFY(listener.openPlaylists());
+    QVERIFY(listener.openPlaylistMenu());
+    client.forgetCommands();
+    QVERIFY(client.clickOn("Delete"_s));
+    QVERIFY(client.clickOn("Cancel"_s));
+    QVERIFY(listener.shows("Do you want to delete the playlist?"_s));
+    QVERIFY(client.commands().isEmpty());
+    client.click(okOf(client.item("PlaylistDeleteDialog"_s)));
+    QTRY_COMPARE(client.commands(), QStringList{"UI_COMMAND|2011|100|"_s + listener.playlistUri(0)});
+    QTRY_VERIFY(!client.item("PlaylistDeleteDialog"_s));
+}
+
+void LibraryTest::playlistIsTiedToASlot()
+{
+    Listener listener;
+    ClientWindow &client = listener.client;
+    QVERIFY(listener.start());
+    QVERIFY(listener.openPlaylists());
+    QVERIFY(listener.openPlaylistMenu());
+    QVERIFY(client.clickOn("Associate"_s));
+    QVERIFY(listener.shows("Playlist Entries"_s));
+    QVERIFY(!client.showsText("Add"_s));
+    client.forgetCommands();
+    QVERIFY(client.clickOn("Preset one"_s));
+    QTRY_COMPARE(client.commands(), QStringList{"UI_COMMAND|2012|100|"_s + listener.playlistUri(0) + "|4"_s});
+    QVERIFY(listener.shows("Add"_s));
+    client.device.setPlaylistEntries({{4, "Preset one"_s, listener.playlistUri(0)}, {9, "Preset two"_s, {}}});
+    QVERIFY(listener.shows("Preset one"_s));
+    QTRY_VERIFY(!client.showsText("Preset two"_s));
+}
+
+void LibraryTest::playlistsFollowTheServer()
+{
+    Listener listener;
+    QVERIFY(listener.start());
+    QVERIFY(listener.openPlaylists());
+    listener.client.server.playlists()->put("Night"_s, listener.uris(50, 52));
+    QVERIFY(listener.shows("Night"_s));
+    listener.client.server.playlists()->remove(listener.playlistUri(1));
+    QTRY_VERIFY(!listener.client.showsText("Evening"_s));
 }
 
 HALVORA_SUITE_MAIN(LibraryTest)

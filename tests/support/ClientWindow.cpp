@@ -153,13 +153,23 @@ void ClientWindow::release(const QPoint &place)
     QTest::mouseRelease(&view, Qt::LeftButton, {}, place);
 }
 
+// Panels slide: what is clicked has to have come to rest.
 bool ClientWindow::clickOn(const QString &text)
 {
-    QQuickItem *label = nullptr;
-    if (!QTest::qWaitFor([&] { return (label = itemWithText(text)) != nullptr; }))
-        return false;
-    click(label->mapToScene(label->boundingRect().center()).toPoint());
-    return true;
+    constexpr int looksAtRest = 5;
+    QPoint place(-1, -1);
+    int alike = 0;
+    const bool rests = QTest::qWaitFor([&] {
+        const QQuickItem *label = itemWithText(text);
+        const QPoint now = label ? label->mapToScene(label->boundingRect().center()).toPoint()
+                                 : QPoint(-1, -1);
+        alike = now == place && view.contentItem()->contains(now) ? alike + 1 : 0;
+        place = now;
+        return alike == looksAtRest;
+    });
+    if (rests)
+        click(place);
+    return rests;
 }
 
 void ClientWindow::type(const QString &text)
@@ -258,10 +268,14 @@ bool areQueued(const QJsonArray &uris, const Tracklist &tracklist)
 // What the client asks now and then, and after events.
 bool isMirroring(const ReceivedRequest &request, const Tracklist &tracklist)
 {
-    static const QStringList polls{"core.get_uri_schemes"_s,          "core.playback.get_state"_s,
-                                   "core.playback.get_current_track"_s, "core.playback.get_time_position"_s,
-                                   "core.tracklist.get_random"_s,       "core.tracklist.get_repeat"_s,
-                                   "core.tracklist.get_tl_tracks"_s,    "core.playlists.as_list"_s};
+    static const QStringList polls{"core.get_uri_schemes"_s,
+                                   "core.playback.get_state"_s,
+                                   "core.playback.get_current_track"_s,
+                                   "core.playback.get_time_position"_s,
+                                   "core.tracklist.get_random"_s,
+                                   "core.tracklist.get_repeat"_s,
+                                   "core.tracklist.get_tl_tracks"_s,
+                                   "core.playlists.as_list"_s};
     if (request.method == "core.library.get_images"_s)
         return areQueued(request.parameters.toObject().value("uris"_s).toArray(), tracklist);
     return polls.contains(request.method);
