@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 
 #include "support/ClientWindow.h"
+#include "support/SceneItems.h"
 #include "support/Suite.h"
 
 #include "player/PlayerTiming.h"
@@ -54,10 +55,7 @@ private Q_SLOTS:
 
 namespace {
 
-QPoint centreOf(const QQuickItem *item)
-{
-    return item->mapToScene({item->width() / 2, item->height() / 2}).toPoint();
-}
+using SceneItems::centreOf;
 
 // Where the controls of the row at `row` of the outputs are, in a window of 450 by 640.
 QPoint muteOf(int row)

@@ -4,6 +4,7 @@
 #include "support/ClientWindow.h"
 
 #include "plugin/TypeRegistry.h"
+#include "support/SceneItems.h"
 #include "support/Text.h"
 
 #include <QQmlContext>
@@ -37,23 +38,6 @@ DeviceState smallDevice(const MusicServerSimulator &server)
     radio.volume = 50;
     state.sources = {music, radio};
     return state;
-}
-
-bool comesBefore(const QQuickItem *a, const QQuickItem *b)
-{
-    const QPointF left = a->mapToScene({});
-    const QPointF right = b->mapToScene({});
-    return left.y() < right.y() || (left.y() == right.y() && left.x() < right.x());
-}
-
-void collect(QQuickItem *item, QList<QQuickItem *> *found)
-{
-    if (!item->isVisible())
-        return;
-    found->append(item);
-    const QList<QQuickItem *> children = item->childItems();
-    for (QQuickItem *child : children)
-        collect(child, found);
 }
 
 } // namespace
@@ -180,41 +164,17 @@ void ClientWindow::type(const QString &text)
 
 QList<QQuickItem *> ClientWindow::itemsOnShow() const
 {
-    QList<QQuickItem *> items;
-    if (view.rootObject())
-        collect(view.rootObject(), &items);
-    std::stable_sort(items.begin(), items.end(), comesBefore);
-    return items;
-}
-
-QList<QQuickItem *> ClientWindow::labels() const
-{
-    QList<QQuickItem *> labels;
-    const QList<QQuickItem *> items = itemsOnShow();
-    for (QQuickItem *item : items) {
-        const bool inWindow = item->mapToScene({}).y() < view.height(); // pop-ups wait below
-        if (inWindow && item->inherits("QQuickText") && !item->property("text").toString().isEmpty())
-            labels.append(item);
-    }
-    return labels;
+    return SceneItems::shown(view.rootObject());
 }
 
 QQuickItem *ClientWindow::itemWithText(const QString &text) const
 {
-    const QList<QQuickItem *> items = labels();
-    const auto found = std::find_if(items.begin(), items.end(), [&](const QQuickItem *item) {
-        return item->property("text").toString() == text;
-    });
-    return found == items.end() ? nullptr : *found;
+    return SceneItems::label(view.rootObject(), text);
 }
 
 QStringList ClientWindow::texts() const
 {
-    QStringList texts;
-    const QList<QQuickItem *> items = labels();
-    for (const QQuickItem *item : items)
-        texts.append(item->property("text").toString());
-    return texts;
+    return SceneItems::texts(view.rootObject());
 }
 
 QQuickItem *ClientWindow::item(const QString &type, int which) const

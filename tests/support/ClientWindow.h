@@ -74,6 +74,5 @@ public:
 
 private:
     QList<QQuickItem *> itemsOnShow() const; // in the order of texts()
-    QList<QQuickItem *> labels() const;
     QObject *scene(const char *name) const;
 };

@@ -38,7 +38,9 @@ Item {
         width: parent.width - x - root.detailRightMargin
         height: 41
         font.pixelSize: 12
-        verticalAlignment: Text.AlignVCenter
+        lineHeight: 13
+        lineHeightMode: Text.FixedHeight // three lines find room in whatever font
         maximumLineCount: 3
+        verticalAlignment: Text.AlignVCenter
     }
 }

@@ -1,0 +1,340 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "support/SceneItems.h"
+#include "support/Stage.h"
+#include "support/Suite.h"
+
+#include "player/Album.h"
+#include "player/HalvoraPlayer.h"
+#include "player/Song.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
+
+/**
+ * The menus for an item and the dialogs for a playlist, each in a window under a mouse.
+ */
+class TestSheets final : public Suite
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // What works
+    void menuShowsItsItem_data();
+    void menuShowsItsItem();
+    void menuActions_data();
+    void menuActions();
+    void playlistIsChosen();
+    void dialogs_data();
+    void dialogs();
+    void fieldHasTheKeyboard();
+    void dialogScales_data();
+    void dialogScales();
+
+    // What goes wrong
+    void hostileNamesStayInside();
+    void longMessageGrowsTheBox_data();
+    void longMessageGrowsTheBox();
+    void newWidthSlidesNothing();
+};
+
+namespace {
+
+const QString sheetText = "%1 { width: 450; height: 640; onClose: tell(\"close\") }"_s;
+const QString saveText =
+    "PlaylistSaveDialog { id: dialog; onCreatePlaylist: tell(\"create \" + name); onRenamePlaylist: "
+    "tell(\"rename \" + uri + \" \" + name); onRequireKeyboard: tell(textF.text + \"typing\"); "
+    "onDismissKeyboard: tell(\"dismiss\"); "
+    "onClose: tell(obj === dialog ? \"close\" : \"close nothing\"); %1 }"_s;
+const QString deleteText =
+    "PlaylistDeleteDialog { id: dialog; playlistUri: \"m3u:a\"; onConfirmDelete: tell(\"delete \" + uri); "
+    "onClose: tell(obj === dialog ? \"close\" : \"close nothing\"); %1 }"_s;
+
+// "track", "album" or any other type, as a server's answer would make it.
+PlayerItem *newItem(const QString &type, const QString &name, QObject *parent)
+{
+    PlayerItem *item = nullptr;
+    if (type == "track"_s) {
+        auto *song = new Song(parent);
+        song->setAlbum("Album of "_s + name);
+        song->setArtistsString("Artist of "_s + name);
+        item = song;
+    } else if (type == "album"_s) {
+        auto *album = new Album(parent);
+        album->setArtistsString("Artist of "_s + name);
+        item = album;
+    } else {
+        item = new PlayerItem(parent);
+    }
+    item->setType(type);
+    item->setName(name);
+    item->setUri(type + ":x"_s);
+    return item;
+}
+
+void select(Stage *stage, const QString &type, const QString &name)
+{
+    PlayerItem *item = newItem(type, name, &stage->view);
+    stage->tested()->setProperty("selectedItem", QVariant::fromValue(item));
+}
+
+} // namespace
+
+void TestSheets::menuShowsItsItem_data()
+{
+    QTest::addColumn<QString>("sheet");
+    QTest::addColumn<QStringList>("types"); // of items "0", "1", ... shown one after the other
+    QTest::addColumn<QStringList>("texts");
+    const QStringList track{
+        "Play Now \"0\""_s,   "Play All Now"_s,    "Play Track Next"_s,     "Add to Queue"_s,
+        "Add All to Queue"_s, "Add to Playlist"_s, "Add All to Playlist"_s, "Show Album \"Album of 0\""_s};
+    const QStringList album{"Play Track Next"_s, "Add to Queue"_s, "Add to Playlist"_s};
+    QTest::newRow("track") << "MoreMenu"_s << QStringList{"track"_s}
+                           << QStringList{"0"_s, "Album of 0"_s, "Artist of 0"_s} + track;
+    QTest::newRow("track after track")
+        << "MoreMenu"_s << QStringList{"track"_s, "track"_s}
+        << QStringList{"1"_s, "Album of 1"_s, "Artist of 1"_s, "Play Now \"1\""_s} + track.mid(1, 6)
+            + QStringList{"Show Album \"Album of 1\""_s};
+    QTest::newRow("album") << "MoreMenu"_s << QStringList{"album"_s}
+                           << QStringList{"0"_s, "Artist of 0"_s, "Play Now \"0\""_s} + album;
+    QTest::newRow("album after track keeps the third row")
+        << "MoreMenu"_s << QStringList{"track"_s, "album"_s}
+        << QStringList{"1"_s, "Artist of 1"_s, "Artist of 0"_s, "Play Now \"1\""_s} + album;
+    QTest::newRow("artist after track keeps the rows")
+        << "MoreMenu"_s << QStringList{"track"_s, "artist"_s}
+        << QStringList{"1"_s, "Album of 0"_s, "Artist of 0"_s} + track;
+    QTest::newRow("playlist") << "PlaylistMoreMenu"_s << QStringList{"m3u"_s}
+                              << QStringList{"0"_s,      "Play Now \"0\""_s, "Add to Queue"_s,
+                                             "Rename"_s, "Associate"_s,      "Delete"_s};
+    QTest::newRow("playlist of a service")
+        << "PlaylistMoreMenu"_s << QStringList{"m3u"_s, "spotify"_s}
+        << QStringList{"1"_s, "Play Now \"1\""_s, "Add to Queue"_s, "Associate"_s};
+}
+
+void TestSheets::menuShowsItsItem()
+{
+    QFETCH(QString, sheet);
+    QFETCH(QStringList, types);
+    QFETCH(QStringList, texts);
+    Stage stage(sheetText.arg(sheet));
+    QVERIFY(stage.ready);
+    for (int i = 0; i < types.size(); ++i)
+        select(&stage, types.at(i), QString::number(i));
+    QTRY_COMPARE(stage.texts(), texts);
+    stage.tested()->setProperty("selectedItem", QVariant::fromValue<PlayerItem *>(nullptr));
+    QCOMPARE(stage.texts(), texts);
+}
+
+void TestSheets::menuActions_data()
+{
+    QTest::addColumn<QString>("sheet");
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("key");
+    const QString more = "MoreMenu"_s;
+    const QString playlist = "PlaylistMoreMenu"_s;
+    QTest::newRow("play") << more << "track"_s
+                          << "Play Now \"It\""_s
+                          << "It_PlayNow"_s;
+    QTest::newRow("play all") << more << "track"_s
+                              << "Play All Now"_s
+                              << "It_PlayNow_All"_s;
+    QTest::newRow("next") << more << "album"_s
+                          << "Play Track Next"_s
+                          << "It_PlayAfter"_s;
+    QTest::newRow("queue") << more << "album"_s
+                           << "Add to Queue"_s
+                           << "It_AddToQueue"_s;
+    QTest::newRow("queue all") << more << "track"_s
+                               << "Add All to Queue"_s
+                               << "It_AddToQueue_All"_s;
+    QTest::newRow("album") << more << "track"_s
+                           << "Show Album \"Album of It\""_s
+                           << "It_ShowAlbum"_s;
+    QTest::newRow("rename") << playlist << "m3u"_s
+                            << "Rename"_s
+                            << "It_Rename"_s;
+    QTest::newRow("delete") << playlist << "m3u"_s
+                            << "Delete"_s
+                            << "It_Delete"_s;
+    QTest::newRow("associate") << playlist << "spotify"_s
+                               << "Associate"_s
+                               << "It_Associate"_s;
+}
+
+void TestSheets::menuActions()
+{
+    QFETCH(QString, sheet);
+    QFETCH(QString, type);
+    QFETCH(QString, text);
+    QFETCH(QString, key);
+    Stage stage(sheetText.arg(sheet));
+    QVERIFY(stage.ready);
+    select(&stage, type, "It"_s);
+    QTRY_VERIFY(stage.label(text));
+    stage.clickOn(text);
+    QCOMPARE(stage.told(), (QStringList{key + " It"_s, "close"_s}));
+    stage.click({30, 20});  // the close button
+    stage.click({300, 20}); // beside it: goes nowhere
+    QCOMPARE(stage.told(), QStringList{"close"_s});
+}
+
+void TestSheets::playlistIsChosen()
+{
+    Stage stage(sheetText.arg("MoreMenu"_s));
+    QVERIFY(stage.ready);
+    HalvoraPlayer player;
+    const QJsonObject mine{{"uri"_s, "m3u:mine"_s}, {"name"_s, "Mine"_s}};
+    player.updatePlaylists(QJsonArray{QJsonObject{{"uri"_s, "m3u:a"_s}, {"name"_s, "Other"_s}}, mine});
+    stage.tested()->setProperty("selectedPlayer", QVariant::fromValue(&player));
+    select(&stage, "track"_s, "It"_s);
+    QTRY_VERIFY(stage.label("Mine"_s));
+    const QQuickItem *list = stage.label("Mine"_s);
+    QCOMPARE(list->mapToScene({}).x(), 465.0);
+    stage.clickOn("Add to Playlist"_s);
+    QTRY_COMPARE(list->mapToScene({}).x(), 15.0);
+    stage.click({30, 195}); // back
+    QTRY_COMPARE(list->mapToScene({}).x(), 470.0);
+    QCOMPARE(stage.told(), QStringList());
+    stage.clickOn("Add All to Playlist"_s);
+    QTRY_COMPARE(list->mapToScene({}).x(), 15.0);
+    stage.click({225, 600}); // below the last one, where the menu is not
+    stage.clickOn("Mine"_s);
+    QCOMPARE(stage.told(), (QStringList{"It_AddToPlaylist_All It m3u:mine"_s, "close"_s}));
+    QTRY_COMPARE(list->mapToScene({}).x(), 470.0);
+}
+
+void TestSheets::dialogs_data()
+{
+    QTest::addColumn<QString>("scene");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<QStringList>("told");
+    const QString make = saveText.arg("okBtnText: \"Save\""_s);
+    const QString rename = saveText.arg("playlistUri: \"m3u:a\""_s);
+    const QString remove = deleteText.arg(QString());
+    QTest::newRow("create") << make << "<i>Mix</i>"_s
+                            << "Save"_s << QStringList{"create <i>Mix</i>"_s, "close"_s};
+    QTest::newRow("create without a name")
+        << make << QString() << "Save"_s << QStringList{"create "_s, "close"_s};
+    QTest::newRow("rename") << rename << "Mix"_s
+                            << "OK"_s << QStringList{"rename m3u:a Mix"_s, "close"_s};
+    QTest::newRow("cancel a name") << make << "Mix"_s
+                                   << "Cancel"_s << QStringList{"close"_s};
+    QTest::newRow("delete") << remove << QString() << "OK"_s << QStringList{"delete m3u:a"_s, "close"_s};
+    QTest::newRow("cancel a delete") << remove << QString() << "Cancel"_s << QStringList{"close nothing"_s};
+}
+
+void TestSheets::dialogs()
+{
+    QFETCH(QString, scene);
+    QFETCH(QString, name);
+    QFETCH(QString, button);
+    Stage stage(scene);
+    QVERIFY(stage.ready);
+    stage.click({20, 20}); // on the veil
+    if (!name.isEmpty()) {
+        stage.click({225, 330}); // the field
+        for (const QChar letter : qAsConst(name))
+            QTest::keyClick(&stage.view, letter.toLatin1());
+    }
+    const QStringList beforehand = stage.told();
+    QCOMPARE(beforehand, name.isEmpty() ? QStringList() : QStringList{"typing"_s});
+    stage.clickOn(button);
+    QTEST(stage.told(), "told");
+}
+
+void TestSheets::fieldHasTheKeyboard()
+{
+    Stage stage(saveText.arg(QString()));
+    QVERIFY(stage.ready);
+    stage.click({225, 330});
+    QTest::keyClick(&stage.view, 'a');
+    QTest::keyClick(&stage.view, Qt::Key_Return);
+    QTest::keyClick(&stage.view, 'b'); // goes nowhere
+    QCOMPARE(stage.told(), (QStringList{"typing"_s, "dismiss"_s}));
+    stage.clickOn("OK"_s);
+    QCOMPARE(stage.told(), (QStringList{"create a"_s, "close"_s}));
+}
+
+void TestSheets::dialogScales_data()
+{
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<QVariant>("smallScreen");
+    QTest::addColumn<qreal>("shownWidth"); // of the box of 300
+    QTest::newRow("flag left out") << QSize(450, 640) << QVariant() << 300.0;
+    QTest::newRow("not small, narrow") << QSize(360, 640) << QVariant(false) << 300.0;
+    QTest::newRow("not small, 1024") << QSize(1024, 768) << QVariant(false) << 300.0;
+    QTest::newRow("not small, wide") << QSize(1536, 900) << QVariant(false) << 450.0;
+    QTest::newRow("flag left out, wide") << QSize(1536, 900) << QVariant() << 450.0;
+    QTest::newRow("small, portrait") << QSize(360, 640) << QVariant(true) << 288.0;
+    QTest::newRow("small, landscape") << QSize(640, 360) << QVariant(true) << 378.0;
+    QTest::newRow("small, square") << QSize(400, 400) << QVariant(true) << 420.0;
+}
+
+void TestSheets::dialogScales()
+{
+    QFETCH(QSize, size);
+    QFETCH(QVariant, smallScreen);
+    QFETCH(qreal, shownWidth);
+    for (const QString &scene : {saveText, deleteText}) {
+        Stage stage(scene.arg("headTitle: \"Title\""_s), smallScreen);
+        QVERIFY(stage.ready);
+        stage.view.resize(size);
+        QTRY_COMPARE(stage.view.rootObject()->size().toSize(), size);
+        const QQuickItem *box = stage.label("Title"_s)->parentItem();
+        const QRectF shown = box->mapRectToScene({{}, box->size()});
+        QVERIFY2(qAbs(shown.width() - shownWidth) < 0.01, qPrintable(QString::number(shown.width())));
+        QVERIFY(qAbs(shown.center().x() - size.width() / 2.0) <= 1);
+    }
+}
+
+void TestSheets::hostileNamesStayInside()
+{
+    const QString name = "<b>\"a\"</b>\n\u05d0\u05d1 "_s + QString(500, QLatin1Char('w')) + "\n\n\nend"_s;
+    for (const char *type : {"MoreMenu", "PlaylistMoreMenu"}) {
+        Stage stage(sheetText.arg(QString::fromLatin1(type)));
+        QVERIFY(stage.ready);
+        select(&stage, "track"_s, name);
+        QTRY_VERIFY(!stage.texts().filter("Play Now \""_s + name).isEmpty());
+        QCOMPARE(SceneItems::strays(stage.tested()), QStringList());
+    }
+}
+
+void TestSheets::longMessageGrowsTheBox_data()
+{
+    QTest::addColumn<QString>("scene");
+    QTest::newRow("save") << saveText;
+    QTest::newRow("delete") << deleteText;
+}
+
+void TestSheets::longMessageGrowsTheBox()
+{
+    QFETCH(QString, scene);
+    const QString body = "many words "_s.repeated(12).trimmed();
+    Stage stage(scene.arg("headTitle: \"Title\"; bodyMessage: \"%1\""_s.arg(body)));
+    QVERIFY(stage.ready);
+    const QQuickItem *box = stage.label("Title"_s)->parentItem();
+    const QQuickItem *message = stage.label(body);
+    QVERIFY(message->property("lineCount").toInt() > 3);
+    const qreal buttons = stage.label("OK"_s)->mapToItem(box, {}).y();
+    QVERIFY(box->height() > 200 && buttons == box->height() - 50);
+    QVERIFY(message->y() + message->height() + 20 <= buttons);
+    const qreal grown = box->height();
+    stage.tested()->setProperty("bodyMessage", "short"_s);
+    QVERIFY(box->height() >= 200 && box->height() < grown);
+}
+
+void TestSheets::newWidthSlidesNothing()
+{
+    Stage stage("MoreMenu { width: parent.width; height: 640 }"_s);
+    QVERIFY(stage.ready);
+    const QQuickItem *chooser = stage.tested()->childItems().constLast();
+    stage.view.rootObject()->setWidth(900);
+    QCOMPARE(chooser->x(), 900.0);
+}
+
+HALVORA_SUITE_MAIN(TestSheets)
+
+#include "tst_sheets.moc"
