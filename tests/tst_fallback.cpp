@@ -141,6 +141,7 @@ private Q_SLOTS:
     void widths();
     void oneSignalBehindTheLastReply();
     void oneRequestForOneAlbum();
+    void itemsAreFilledInTheirThread();
     void nothingStaysBehind();
 
     // What goes wrong
@@ -262,6 +263,24 @@ void TestFallback::oneRequestForOneAlbum()
     service.serve(target("A"_s, "B+C"_s), small("http://new"));
     QCOMPARE(service.run(), QStringList{before + " | "_s + before + " | 30=http://new"_s});
     QCOMPARE(service.server.requestedPaths().size(), 1);
+}
+
+// This thread stands still from the answer to the end of the batch: nobody may touch the item meanwhile.
+void TestFallback::itemsAreFilledInTheirThread()
+{
+    Service service;
+    const PlayerItem *item = service.add("album"_s, "A"_s, "B"_s);
+    service.serve(target("A"_s, "B"_s), small("new"));
+    QSignalSpy asked(&service.server, &ArtworkServer::requestReceived);
+    const QPointer<BackupImageDownloader> batch = service.start();
+    QVERIFY(asked.wait());
+    const auto sockets = service.server.findChildren<QTcpSocket *>();
+    for (QTcpSocket *socket : sockets)
+        socket->flush();
+    QVERIFY(batch->wait(30000));
+    QCOMPARE(tableOf(*item), before);
+    service.finish(batch);
+    QCOMPARE(service.seen, QStringList{"30=new"_s});
 }
 
 void TestFallback::nothingStaysBehind()

@@ -77,8 +77,6 @@ int widthOf(const QString &size)
 // The pictures of an answer, none if it has no album: the service says "error" where it knows none.
 std::optional<Images> imagesOf(const QByteArray &body)
 {
-    if (body.size() > BackupImageDownloader::maxBytes)
-        return std::nullopt;
     const QJsonObject answer = QJsonDocument::fromJson(body).object();
     if (answer.contains(QLatin1String("error")) || !answer.contains(QLatin1String("album")))
         return std::nullopt;
@@ -132,7 +130,6 @@ void BackupImageDownloader::endAll()
 void BackupImageDownloader::requestImages(const QList<PlayerItem *> &items)
 {
     const QString service = endpoint();
-    m_requests.clear();
     for (PlayerItem *item : items)
         m_requests.insert(address(service, item), item);
     start(QThread::InheritPriority);

@@ -24,7 +24,7 @@ class QNetworkReply;
  * says: scheme, host and port without a trailing slash, read for each batch.
  *
  * An item keeps its pictures when its request fails, or the answer is no JSON object, names an error, has no
- * album or is larger than `maxBytes`. An album without pictures takes them away. There is no time-out: a server
+ * album or is cut off as larger than `maxBytes`. An album without pictures takes them away. There is no time-out: a server
  * that never answers holds the batch.
  */
 class BackupImageDownloader final : public QThread

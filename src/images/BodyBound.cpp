@@ -3,6 +3,8 @@
 
 #include "images/BodyBound.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QNetworkReply>
 #include <QVariant>
 
@@ -17,7 +19,10 @@ void endBeyond(QNetworkReply *reply, qint64 bytes, qint64 bound)
     if (bytes <= bound || reply->isFinished())
         return;
     reply->setProperty(tooLarge, true);
-    reply->abort();
+    reply->abort(); // its receiver schedules the deletion
+    // Of an end that the network has posted meanwhile Qt would warn. What is posted from here on stands behind the
+    // deletion.
+    QCoreApplication::removePostedEvents(reply, QEvent::MetaCall);
 }
 
 } // namespace

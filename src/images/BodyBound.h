@@ -7,11 +7,12 @@
 
 class QNetworkReply;
 
-/// Keeps a peer from filling the memory with one answer. To be called in the reply's thread.
+/// Keeps a peer from filling the memory with one answer. To be called in the reply's thread; whoever is told that
+/// the reply has finished is to free it with deleteLater().
 namespace BodyBound {
 
-/// Aborts `reply` once its body is announced, or turns out, to be larger than `bytes`. A body whose end arrives
-/// together with the excess may still come through: the reader looks at the size too.
+/// Aborts `reply` once its body is announced, or turns out, to be larger than `bytes`. If the end of an
+/// unannounced body comes along with the excess, up to 1 MiB of it is let through.
 void set(QNetworkReply *reply, qint64 bytes);
 
 /// Whether the reply was ended for that reason.
