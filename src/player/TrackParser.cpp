@@ -69,16 +69,17 @@ struct Scheme
 constexpr Scheme schemes[] = {
     {QLatin1String("podcast+", 8), fillPodcast},
     {QLatin1String("tunein:", 7), fillRadioStream, true},
-    {QLatin1String("", 0), fillTrack},
 };
 
-// The last one takes every uri.
+constexpr Scheme anyOther{QLatin1String(), fillTrack};
+
 const Scheme &schemeOf(const QString &uri)
 {
-    const Scheme *scheme = schemes;
-    while (!uri.startsWith(scheme->prefix))
-        ++scheme;
-    return *scheme;
+    for (const Scheme &scheme : schemes) {
+        if (uri.startsWith(scheme.prefix))
+            return scheme;
+    }
+    return anyOther;
 }
 
 QCborMap albumOf(const QCborMap &track)
