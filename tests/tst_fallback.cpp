@@ -443,7 +443,7 @@ void TestFallback::endOfTheProcess()
     QCOMPARE(program.exitCode(), 0);
 }
 
-// A program that ends with a batch at one of its stages: 0 if the batch has ended with the application object.
+// A program that ends with a batch at one of its stages: 0 if the batch ended with the application object.
 static int endWhen(const QByteArray &stage, int argc, char **argv)
 {
     QPointer<BackupImageDownloader> batch;

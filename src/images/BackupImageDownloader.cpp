@@ -53,8 +53,7 @@ QString escaped(QString name)
     return name.replace(QLatin1Char(' '), QLatin1Char('+')).toHtmlEscaped();
 }
 
-// The query of one item. QUrl may write it otherwise than it stands here ("100%" becomes "100%25"), and replies
-// give their address in QUrl's words.
+// The query of one item, in QUrl's words ("100%" becomes "100%25"), since replies give their address so.
 QString address(const QString &endpoint, const PlayerItem *item)
 {
     const bool isTrack = item->type() == QLatin1String("track");

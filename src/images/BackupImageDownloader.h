@@ -16,16 +16,16 @@ class QNetworkReply;
  * picture: it fills the items' `images`, and emits none of their signals.
  *
  * One object serves one batch, in a thread of its own, and frees itself in the GUI thread behind
- * imagesDownloaded(); a batch that is under way when the application object goes is ended then, unheard. The items
- * are not owned: one that dies meanwhile is passed over. Answers are read in the batch's thread, and stored
- * in the GUI thread, where items live, before a receiver there gets imagesDownloaded().
+ * imagesDownloaded(); a batch that is under way when the application object goes is ended then, unheard. The
+ * items are not owned: one that dies meanwhile is passed over. Answers are read in the batch's thread, and
+ * stored in the GUI thread, where items live, before a receiver there gets imagesDownloaded().
  *
- * The service stands at "http://ws.audioscrobbler.com", or where the environment variable HALVORA_LASTFM_ENDPOINT
+ * The service stands at "http://ws.audioscrobbler.com", or where HALVORA_LASTFM_ENDPOINT in the environment
  * says: scheme, host and port without a trailing slash, read for each batch.
  *
  * An item keeps its pictures when its request fails, or the answer is no JSON object, names an error, has no
- * album or is cut off as larger than `maxBytes`. An album without pictures takes them away. There is no time-out: a server
- * that never answers holds the batch.
+ * album or is cut off as larger than `maxBytes`. An album without pictures takes them away. There is no
+ * time-out: a server that never answers holds the batch.
  */
 class BackupImageDownloader final : public QThread
 {
@@ -54,6 +54,6 @@ private:
     static void endAll();
     void endWhenDone();
 
-    // By address, as a reply will name its own. Filled before the thread starts, and the thread's from then on.
+    // By address, as a reply will name its own. Filled before the thread starts, the thread's from then on.
     QHash<QString, QPointer<PlayerItem>> m_requests;
 };

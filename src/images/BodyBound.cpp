@@ -20,8 +20,8 @@ void endBeyond(QNetworkReply *reply, qint64 bytes, qint64 bound)
         return;
     reply->setProperty(tooLarge, true);
     reply->abort(); // its receiver schedules the deletion
-    // Of an end that the network has posted meanwhile Qt would warn. What is posted from here on stands behind the
-    // deletion.
+    // Qt would warn of an end that the network posted meanwhile. What is posted from now on stands behind
+    // the deletion.
     QCoreApplication::removePostedEvents(reply, QEvent::MetaCall);
 }
 

@@ -7,8 +7,8 @@
 
 class QNetworkReply;
 
-/// Keeps a peer from filling the memory with one answer. To be called in the reply's thread; whoever is told that
-/// the reply has finished is to free it with deleteLater().
+/// Keeps a peer from filling the memory with one answer. To be called in the reply's thread; whoever is told
+/// that the reply has finished is to free it with deleteLater().
 namespace BodyBound {
 
 /// Aborts `reply` once its body is announced, or turns out, to be larger than `bytes`. If the end of an
