@@ -88,7 +88,9 @@ void Stage::click(const QPoint &place)
 
 void Stage::clickOn(const QString &text)
 {
-    click(SceneItems::centreOf(label(text)));
+    const QQuickItem *item = label(text);
+    QVERIFY2(item, qPrintable("not on show: "_s + text));
+    click(SceneItems::centreOf(item));
 }
 
 void Stage::drag(const QList<int> &places)

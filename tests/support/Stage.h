@@ -28,6 +28,7 @@ public:
     QStringList texts() const;
 
     void click(const QPoint &place);
+    /// On the label with that text; the test fails if it is not on show.
     void clickOn(const QString &text);
     /// A gesture 20 below the upper edge: pressed at the first place, released at the last.
     void drag(const QList<int> &places);
