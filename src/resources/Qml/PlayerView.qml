@@ -143,7 +143,7 @@ PlayerView {
     }
 
     function showSource(source, songReaction) {
-        sourceName.text = source ? source.name : ""
+        topBar.sourceName = source ? source.name : ""
         playerView.visible = source !== null && source.player !== null
         sourceView.visible = source !== null && source.player === null
         showLists(playerView.visible)
@@ -196,11 +196,11 @@ PlayerView {
             return
         var song = player.currentSong
         if (player.airPlay) {
-            title.text = player.airPlayTrack
-            albumLine.text = joined(player.airPlayAlbum, player.airPlayArtist)
+            playerView.title = player.airPlayTrack
+            playerView.albumLine = joined(player.airPlayAlbum, player.airPlayArtist)
         } else {
-            title.text = song ? song.name : ""
-            albumLine.text = song ? joined(song.album, song.artistsString) : ""
+            playerView.title = song ? song.name : ""
+            playerView.albumLine = song ? joined(song.album, song.artistsString) : ""
         }
     }
 
@@ -210,9 +210,9 @@ PlayerView {
             return
         var uri = player.airPlay ? player.airPlayImage : player.currentSong ? player.currentSong.mediumImgPath : ""
         if (uri !== "")
-            requestImage(uri, cover)
+            requestImage(uri, playerView.cover)
         else
-            cover.coverSource = picture((player.airPlay ? "airplay_sel" : "defaultcoverart") + currentTheme.imgSuffix)
+            playerView.cover.coverSource = picture((player.airPlay ? "airplay_sel" : "defaultcoverart") + currentTheme.imgSuffix)
     }
 
     function updateTrackTime() {
@@ -220,11 +220,11 @@ PlayerView {
         if (!player || player.airPlay)
             return
         var song = player.currentSong
-        cover.progress = song && song.duration > 0 ? song.currTime / song.duration : 0
+        playerView.cover.progress = song && song.duration > 0 ? song.currTime / song.duration : 0
     }
 
     onSelectedOutputChanged: {
-        outputName.text = selectedOutput ? selectedOutput.name : ""
+        topBar.outputName = selectedOutput ? selectedOutput.name : ""
         if (!selectedOutput)
             return
         selectedOutput.selectedSourceChanged.connect(onSelectedSourceChanged)
@@ -262,115 +262,21 @@ PlayerView {
         color: currentTheme.background
     }
 
-    Rectangle {
+    PlayerTopBar {
         id: topBar
 
-        width: parent.width
-        height: 75
-        color: currentTheme.menu
-
-        PlainLabel {
-            x: 15
-            y: 18
-            width: parent.width / 2 - 15
-            height: 14
-            text: "Output"
-            color: currentTheme.icons
-            font.pixelSize: 12
-        }
-
-        PlainLabel {
-            x: parent.width / 2 + 15
-            y: 18
-            width: parent.width / 2 - 15
-            height: 14
-            text: "Source"
-            color: currentTheme.icons
-            font.pixelSize: 12
-        }
-
-        TopBarName {
-            id: outputName
-
-            x: 15
-        }
-
-        TopBarName {
-            id: sourceName
-
-            x: parent.width / 2 + 15
-        }
-
-        FeedbackButton {
-            anchors.fill: parent
-            onClicked: root.toggleMatrix()
-        }
+        onClicked: root.toggleMatrix()
     }
 
-    Item {
+    NowPlaying {
         id: playerView
 
         anchors { top: topBar.bottom; left: parent.left; right: parent.right }
         height: root.height - 182
         visible: false
-
-        CoverImgView {
-            id: cover
-
-            anchors.fill: parent
-            anchors.bottomMargin: 85
-        }
-
-        PlainLabel {
-            id: title
-
-            anchors { bottom: cover.bottom; bottomMargin: 30; left: parent.left; right: parent.right; margins: 15 }
-            height: 22
-            color: currentTheme.icons
-            font.pixelSize: 20
-            horizontalAlignment: Text.AlignHCenter
-            verticalAlignment: Text.AlignVCenter
-            wrapMode: Text.WordWrap
-            elide: Text.ElideRight
-            maximumLineCount: 1
-        }
-
-        PlainLabel {
-            id: albumLine
-
-            anchors { bottom: cover.bottom; bottomMargin: 10; left: parent.left; right: parent.right; margins: 15 }
-            height: 18
-            font.pixelSize: 16
-            horizontalAlignment: Text.AlignHCenter
-            verticalAlignment: Text.AlignVCenter
-            wrapMode: Text.WordWrap
-            elide: Text.ElideRight
-            maximumLineCount: 1
-        }
-
-        FeedbackButton {
-            anchors { top: parent.top; left: parent.left; margins: 15 }
-            width: 50
-            height: 50
-            imgSource: root.picture("library")
-            visible: !root.isAirPlay
-            onClicked: root.openLibrary("qrc:/Qml/MusicLibraryPopup.qml")
-        }
-
-        FeedbackButton {
-            anchors { top: parent.top; right: parent.right; margins: 15 }
-            width: 50
-            height: 50
-            imgSource: root.picture("library_search")
-            visible: !root.isAirPlay
-            onClicked: root.openLibrary("qrc:/Qml/SearchLibraryPopup.qml")
-        }
-
-        TransportBar {
-            anchors { bottom: parent.bottom; left: parent.left; right: parent.right }
-            player: root.player
-            visible: !root.isAirPlay
-        }
+        player: root.player
+        controllable: !root.isAirPlay
+        onLibraryRequested: root.openLibrary(file)
     }
 
     SourceImgView {
@@ -437,6 +343,19 @@ PlayerView {
         }
     }
 
+    Equalizer {
+        id: equalizer
+
+        y: root.height
+        width: root.width
+        height: root.height - 302
+        bassValue: root.selectedOutput ? root.selectedOutput.bass : 0
+        middleValue: root.selectedOutput ? root.selectedOutput.middle : 0
+        trebleValue: root.selectedOutput ? root.selectedOutput.treble : 0
+        loudnessValue: root.selectedOutput ? root.selectedOutput.loudness : 0
+        onSaveEqualizer: root.saveEqualizer(bass, middle, treble, loudness)
+    }
+
     QueueView {
         id: queuePopup
 
@@ -456,19 +375,6 @@ PlayerView {
         y: root.height
         width: root.width
         height: root.height
-    }
-
-    Equalizer {
-        id: equalizer
-
-        y: root.height
-        width: root.width
-        height: root.height - 302
-        bassValue: root.selectedOutput ? root.selectedOutput.bass : 0
-        middleValue: root.selectedOutput ? root.selectedOutput.middle : 0
-        trebleValue: root.selectedOutput ? root.selectedOutput.treble : 0
-        loudnessValue: root.selectedOutput ? root.selectedOutput.loudness : 0
-        onSaveEqualizer: root.saveEqualizer(bass, middle, treble, loudness)
     }
 
     MatrixPopup {
