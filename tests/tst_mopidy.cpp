@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
+#include "support/ClientWindow.h"
 #include "support/MopidyServer.h"
 #include "support/Suite.h"
 
@@ -32,6 +33,55 @@ const QStringList titles{"Cast Off"_s,       "Gulls"_s,    "Open Water"_s, "Raft
 
 } // namespace
 
+namespace {
+
+// The client's window in front of the real server.
+class Listener final
+{
+public:
+    explicit Listener(const MopidyServer &server)
+    {
+        DeviceState state = client.device.state();
+        state.sources[0].address = server.host();
+        state.sources[0].port = server.port();
+        client.device.setState(state);
+    }
+
+    // From the outputs to the player by the cover of what plays.
+    bool openPlayer(const QString &title)
+    {
+        const auto plays = [&] { return !client.texts().filter(title).isEmpty(); };
+        if (!client.showOutputs() || !QTest::qWaitFor(plays))
+            return false;
+        client.click({50, 110});
+        return shows(title) && client.tab() == 1;
+    }
+
+    bool shows(const QString &text) const
+    {
+        return QTest::qWaitFor([&] { return client.showsText(text); });
+    }
+
+    bool clickThrough(const QStringList &texts)
+    {
+        return std::all_of(texts.begin(), texts.end(),
+                           [&](const QString &text) { return client.clickOn(text); });
+    }
+
+    // Of the row with that title, whose picture has come.
+    bool chooseFromMenu(const QString &row, const QStringList &texts)
+    {
+        if (!shows(row))
+            return false;
+        client.click({420, int(client.itemWithText(row)->mapToScene({}).y()) + 40});
+        return clickThrough(texts) && QTest::qWaitFor([&] { return client.item("MoreMenu"_s)->y() >= 640; });
+    }
+
+    ClientWindow client;
+};
+
+} // namespace
+
 /**
  * The music player's client on a real server: what it asks for is what that server answers, and the mirror is what
  * it plays. One server and one client for all functions; each begins with an empty queue.
@@ -58,6 +108,7 @@ private Q_SLOTS:
     void playlistGrowsAndPlays();
     void searches_data();
     void searches();
+    void listensByClicks();
 
     // What goes wrong
     void playlistWithAnAlbum();
@@ -330,6 +381,54 @@ void TestMopidy::searches()
 }
 
 // This server ends the connection over an album among the tracks of a playlist; the client comes to rest again.
+// What a person does with the library, from the library's root to what is heard.
+void TestMopidy::listensByClicks()
+{
+    m_player.actionCreatePlaylist("Trip"_s, false);
+    QTRY_VERIFY(playlistNames().contains("Trip"_s));
+    queueTracks(1);
+    m_player.actionPlay();
+    QTRY_VERIFY(isPlaying("Cast Off"_s));
+    Listener listener(m_server);
+    ClientWindow &client = listener.client;
+    QVERIFY(listener.openPlayer("Cast Off"_s));
+
+    client.click({40, 115});
+    QVERIFY(listener.clickThrough({"Local media"_s, "Albums"_s, "Zimt & Öl"_s}));
+    QVERIFY(listener.shows("Große Straße"_s));
+    const auto picture = [&] {
+        const QQuickItem *label = client.itemWithText("Große Straße"_s);
+        const QQuickItem *cell = label;
+        while (cell && !cell->property("imgSource").isValid())
+            cell = cell->parentItem();
+        return cell ? cell->property("imgSource").toString() : QString();
+    };
+    QTRY_VERIFY(picture().startsWith("http://127.0.0.1:"_s));
+    QVERIFY(client.clickOn("Große Straße"_s));
+    QTRY_VERIFY(isPlaying("Große Straße"_s));
+    QVERIFY(listener.chooseFromMenu("Übermorgen"_s, {"Add All to Queue"_s}));
+    QTRY_COMPARE(queueTitles(),
+                 (QStringList{"Cast Off"_s, "Große Straße"_s, "Übermorgen"_s, "Große Straße"_s}));
+    QVERIFY(listener.chooseFromMenu("Übermorgen"_s, {"Add All to Playlist"_s, "Trip"_s}));
+    client.click({60, 22}); // back to the albums
+    QVERIFY(listener.chooseFromMenu("Zimt & Öl"_s, {"Add to Playlist"_s, "Trip"_s}));
+    client.click({415, 22});
+
+    client.click({410, 115});
+    QVERIFY(listener.shows("Show filters"_s));
+    client.click({150, 64});
+    client.type("gulls"_s);
+    QVERIFY(client.clickOn("Search"_s));
+    QVERIFY(listener.chooseFromMenu("Gulls"_s, {"Play Now \"Gulls\""_s}));
+    QTRY_VERIFY(isPlaying("Gulls"_s));
+    client.click({415, 22});
+
+    client.click({105, 603});
+    QVERIFY(client.clickOn("Trip"_s));
+    QVERIFY(listener.shows("Übermorgen"_s));
+    QCOMPARE(client.texts().count("Übermorgen"_s), 2);
+}
+
 void TestMopidy::playlistWithAnAlbum()
 {
     m_player.actionCreatePlaylist("Odd"_s, false);
