@@ -34,6 +34,17 @@ QVector<CatalogueTrack> queueOf(const Catalogue &catalogue)
     return queue;
 }
 
+// Fewer of the zones, or more, which are numbered on and play nothing.
+void resize(QVector<OutputState> *outputs, int wanted)
+{
+    int index = outputs->constLast().index;
+    while (outputs->size() < wanted) {
+        ++index;
+        outputs->append({index, QStringLiteral("Zone %1").arg(index), 20, false, 0, 0, 0, 0, -1});
+    }
+    outputs->resize(wanted);
+}
+
 } // namespace
 
 DemoHouse::DemoHouse(QObject *parent) : QObject(parent)
@@ -50,9 +61,17 @@ void DemoHouse::setRealServer(const QString &host, quint16 port)
     m_realPort = QString::number(port);
 }
 
+void DemoHouse::setSize(int outputs, int tracks)
+{
+    m_outputs = outputs;
+    m_tracks = tracks;
+}
+
 bool DemoHouse::start(quint16 devicePort)
 {
     DeviceState state = DeviceState::demo();
+    if (m_outputs > 0)
+        resize(&state.outputs, m_outputs);
     if (!startArtwork() || !startMusicServers(state))
         return false;
     m_device.setState(state);
@@ -80,7 +99,9 @@ bool DemoHouse::startMusicServers(DeviceState &state)
             isReal = false;
             continue;
         }
-        auto *server = new MusicServerSimulator(Catalogue(quint32(source.index)), this);
+        const Catalogue music = m_tracks > 0 ? Catalogue(quint32(source.index), m_tracks)
+                                             : Catalogue(quint32(source.index));
+        auto *server = new MusicServerSimulator(music, this);
         m_musicServers.insert(source.index, server);
         if (!server->listen())
             return fail(QStringLiteral("The music server of %1 cannot listen").arg(source.name),

@@ -28,6 +28,10 @@ public:
     /// Nothing checks that it is there. Neither text may hold "|" or "@".
     void setRealServer(const QString &host, quint16 port);
 
+    /// Before start(): gives the device so many outputs, 1 to 64, and each simulated music server so many tracks, 1 to
+    /// 1,000,000; 0, as at the start, leaves the demonstration's own number.
+    void setSize(int outputs, int tracks);
+
     /// Starts everything, once; the device on `devicePort`, where 0 lets the system choose. False when a port
     /// cannot be had: errorText() says why, and the object is of no further use.
     bool start(quint16 devicePort = 0);
@@ -53,6 +57,8 @@ private:
     DeviceSimulator m_device;
     ArtworkServer m_artwork;
     QMap<int, MusicServerSimulator *> m_musicServers;
+    int m_outputs = 0;
+    int m_tracks = 0;
     QString m_realHost;
     QString m_realPort;
     QString m_errorText;

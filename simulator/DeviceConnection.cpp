@@ -39,6 +39,7 @@ DeviceConnection::DeviceConnection(QTcpSocket *socket, const LinkFaults &faults,
 
 void DeviceConnection::sendPlain(const QString &text)
 {
+    Q_EMIT plainSent(text);
     const QByteArray cipher = m_faults.wrongPadding ? encryptWithWrongPadding(text)
                                                     : FrameCodec::encryptText(text);
     sendRaw(m_faults.garbageBeforeFrame + cipher + FrameCodec::deviceTerminator);

@@ -50,6 +50,9 @@ Q_SIGNALS:
     /// A deciphered message with its number; comes late when answers are to be delayed.
     void messageReceived(const QString &numbered);
 
+    /// A message as it was before it was enciphered.
+    void plainSent(const QString &text);
+
     void closed();
 
 private:

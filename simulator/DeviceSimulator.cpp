@@ -196,6 +196,7 @@ void DeviceSimulator::acceptConnections()
                 [this](const QByteArray &frame) { m_frames << frame; });
         connect(connection, &DeviceConnection::messageReceived, this,
                 [this, connection](const QString &numbered) { handleMessage(connection, numbered); });
+        connect(connection, &DeviceConnection::plainSent, this, &DeviceSimulator::messageSent);
         connect(connection, &DeviceConnection::closed, this, [this, connection] { forget(connection); });
         if (m_faults.closeOnAccept)
             connection->close();

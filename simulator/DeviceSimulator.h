@@ -98,6 +98,7 @@ public:
 Q_SIGNALS:
     /// A message was deciphered; without the client's counter. Emitted before the device reacts to it.
     void messageReceived(const QString &message);
+    void messageSent(const QString &message); ///< to one client, before it was enciphered
     void clientJoined();
     void clientDisconnected();
 

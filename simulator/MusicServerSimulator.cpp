@@ -164,7 +164,13 @@ QString MusicServerSimulator::text(const QString &name, const QJsonObject &messa
 void MusicServerSimulator::sendText(const QString &text)
 {
     for (QWebSocket *socket : qAsConst(m_sockets))
-        socket->sendTextMessage(text);
+        send(socket, text);
+}
+
+void MusicServerSimulator::send(QWebSocket *socket, const QString &text)
+{
+    Q_EMIT textSent(text);
+    socket->sendTextMessage(text);
 }
 
 void MusicServerSimulator::dropAll()
@@ -211,9 +217,10 @@ void MusicServerSimulator::forget(QWebSocket *socket)
 
 void MusicServerSimulator::handleText(QWebSocket *socket, const QString &text)
 {
+    Q_EMIT textReceived(text);
     const QJsonDocument document = QJsonDocument::fromJson(text.toUtf8());
     if (document.isNull()) {
-        socket->sendTextMessage(parseError());
+        send(socket, parseError());
         return;
     }
     const QJsonObject object = document.object();
@@ -229,7 +236,7 @@ void MusicServerSimulator::handleText(QWebSocket *socket, const QString &text)
     if (fault.isEmpty())
         carryOut(socket, request);
     else
-        socket->sendTextMessage(compact(replyObject(QJsonValue::Null, RpcReply::invalidRequest(fault))));
+        send(socket, compact(replyObject(QJsonValue::Null, RpcReply::invalidRequest(fault))));
 }
 
 void MusicServerSimulator::carryOut(QWebSocket *socket, const ReceivedRequest &request)
@@ -273,12 +280,12 @@ void MusicServerSimulator::reply(QWebSocket *socket, const ReceivedRequest &requ
         delay = m_faults.replyDelayMs;
     }
     const QPointer<QWebSocket> receiver(socket);
-    const auto send = [receiver, answer, copies] {
+    const auto sendCopies = [this, receiver, answer, copies] {
         for (int copy = 0; copy < copies && receiver; ++copy)
-            receiver->sendTextMessage(answer);
+            send(receiver, answer);
     };
     if (delay > 0)
-        QTimer::singleShot(delay, Qt::PreciseTimer, this, send);
+        QTimer::singleShot(delay, Qt::PreciseTimer, this, sendCopies);
     else
-        send();
+        sendCopies();
 }

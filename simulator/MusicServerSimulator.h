@@ -95,6 +95,9 @@ public:
 
 Q_SIGNALS:
     void requestReceived(const QString &method); ///< emitted before it is carried out
+    // Texts as they pass, to and from any client.
+    void textReceived(const QString &text);
+    void textSent(const QString &text);
     void clientConnected();
     void clientDisconnected();
 
@@ -102,6 +105,7 @@ private:
     void connectParts();
     void acceptSockets();
     void forget(QWebSocket *socket);
+    void send(QWebSocket *socket, const QString &text);
     void handleText(QWebSocket *socket, const QString &text);
     void carryOut(QWebSocket *socket, const ReceivedRequest &request);
     RpcReply outcome(const ReceivedRequest &request);

@@ -43,6 +43,15 @@ void readMopidy(const QString &text, SimulatorOptions &options)
     options.mopidyPort = quint16(port);
 }
 
+void readCount(const QString &text, const QString &option, int most, int *count, QString *error)
+{
+    bool isNumber = false;
+    *count = text.toInt(&isNumber);
+    if (!isNumber || *count < 1 || *count > most)
+        *error = QStringLiteral("\"%1\" is no number from 1 to %2: give one after --%3.")
+                     .arg(text, QString::number(most), option);
+}
+
 QString sentence(QString text)
 {
     return text.endsWith(QLatin1Char('.')) ? text : text + QLatin1Char('.');
@@ -59,14 +68,24 @@ SimulatorOptions SimulatorOptions::parse(const QStringList &arguments)
         QStringLiteral("mopidy"),
         QStringLiteral("Announce this Mopidy server as the player of the first source."),
         QStringLiteral("HOST:PORT"));
+    const QCommandLineOption outputsOption(QStringLiteral("outputs"),
+                                           QStringLiteral("Number of the device's outputs, 1 to 64."),
+                                           QStringLiteral("N"));
+    const QCommandLineOption tracksOption(
+        QStringLiteral("tracks"), QStringLiteral("Number of each music server's tracks, 1 to 1000000."),
+        QStringLiteral("N"));
+    const QCommandLineOption traceOption(
+        QStringLiteral("trace"),
+        QStringLiteral("Print what passes on the wire, deciphered: > to the client, < from it."));
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
         "A simulated Halvora house on 127.0.0.1: a device, its music servers and their cover art.\n"
-        "Prints each address on a line of its own and runs until it is interrupted."));
+        "Prints each address on a line of its own and runs until it is interrupted. While it runs it reads\n"
+        "commands from its standard input, a line each: \"help\" lists them, such as \"refuse-login on\"."));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
                                   QStringLiteral("Displays this help."));
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addOptions({help, portOption, mopidyOption});
+    parser.addOptions({help, portOption, mopidyOption, outputsOption, tracksOption, traceOption});
 
     SimulatorOptions options;
     if (!parser.parse(arguments))
@@ -82,5 +101,12 @@ SimulatorOptions SimulatorOptions::parse(const QStringList &arguments)
         readPort(parser.value(portOption), options);
     if (options.error.isEmpty() && parser.isSet(mopidyOption))
         readMopidy(parser.value(mopidyOption), options);
+    if (options.error.isEmpty() && parser.isSet(outputsOption))
+        readCount(parser.value(outputsOption), QStringLiteral("outputs"), 64, &options.outputs,
+                  &options.error);
+    if (options.error.isEmpty() && parser.isSet(tracksOption))
+        readCount(parser.value(tracksOption), QStringLiteral("tracks"), 1000000, &options.tracks,
+                  &options.error);
+    options.trace = parser.isSet(traceOption);
     return options;
 }

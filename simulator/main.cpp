@@ -2,17 +2,16 @@
 // SPDX-License-Identifier: Apache-2.0
 
 #include <QGuiApplication>
-#include <QLoggingCategory>
 #include <QTextStream>
 
 #include "simulator/DemoHouse.h"
+#include "simulator/FaultConsole.h"
+#include "simulator/LineReader.h"
 #include "simulator/MusicServerSimulator.h"
 #include "simulator/SignalWatcher.h"
 #include "simulator/SimulatorOptions.h"
 
 namespace {
-
-Q_LOGGING_CATEGORY(log, "halvora.simulator", QtWarningMsg)
 
 constexpr int statusFailed = 1;
 constexpr int statusUsage = 2;
@@ -34,14 +33,37 @@ void printAddresses(DemoHouse &house)
     out << "artwork 127.0.0.1:" << house.artwork()->port() << Qt::endl;
 }
 
-void logTraffic(DemoHouse &house)
+void tell(const QString &text)
 {
-    QObject::connect(house.device(), &DeviceSimulator::messageReceived, house.device(),
-                     [](const QString &message) { qCDebug(log) << "device:" << message; });
-    for (MusicServerSimulator *server : house.musicServers()) {
-        QObject::connect(server, &MusicServerSimulator::requestReceived, server,
-                         [server](const QString &method) { qCDebug(log) << server->port() << method; });
-    }
+    QTextStream(stdout) << text << Qt::endl;
+}
+
+// Each text on a line of its own, behind who speaks and in which direction.
+template<typename Peer>
+void traceTexts(Peer *peer, const QString &name, void (Peer::*received)(const QString &),
+                void (Peer::*sent)(const QString &))
+{
+    QObject::connect(peer, received, peer,
+                     [name](const QString &text) { tell(name + QLatin1String(" < ") + text); });
+    QObject::connect(peer, sent, peer,
+                     [name](const QString &text) { tell(name + QLatin1String(" > ") + text); });
+}
+
+void trace(DemoHouse &house)
+{
+    traceTexts(house.device(), QStringLiteral("device"), &DeviceSimulator::messageReceived,
+               &DeviceSimulator::messageSent);
+    const QMap<int, MusicServerSimulator *> &servers = house.musicServers();
+    for (auto server = servers.cbegin(); server != servers.cend(); ++server)
+        traceTexts(server.value(), QStringLiteral("music %1").arg(server.key()),
+                   &MusicServerSimulator::textReceived, &MusicServerSimulator::textSent);
+}
+
+void obey(FaultConsole *console, const QString &line)
+{
+    const QString answer = console->carryOut(line);
+    if (!answer.isEmpty())
+        tell(answer);
 }
 
 // Read before there is a GUI application, so that a wrong option is all that is complained about.
@@ -74,9 +96,16 @@ int main(int argc, char *argv[])
     DemoHouse house;
     if (!options.mopidyHost.isEmpty())
         house.setRealServer(options.mopidyHost, options.mopidyPort);
+    house.setSize(options.outputs, options.tracks);
     if (!house.start(options.port))
         return complain(house.errorText(), statusFailed);
-    logTraffic(house);
+    if (options.trace)
+        trace(house);
     printAddresses(house);
+    FaultConsole console(&house);
+    const LineReader lines;
+    QObject::connect(&lines, &LineReader::lineRead, &console,
+                     [&](const QString &line) { obey(&console, line); });
+    QObject::connect(&console, &FaultConsole::quitRequested, &application, &QCoreApplication::quit);
     return QCoreApplication::exec();
 }

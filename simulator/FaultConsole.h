@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class DemoHouse;
+
+/**
+ * Switches the faults of a running house on and off, and plays a person at its device, by lines of text: a word and,
+ * for most, a value. "help" lists them.
+ *
+ * Works on a house that it does not own and that outlives it, in the house's thread.
+ */
+class FaultConsole final : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit FaultConsole(DemoHouse *house, QObject *parent = nullptr);
+
+    /// Carries one line out and returns what to say about it: "" when it is done, otherwise a sentence or the list.
+    /// A line that cannot be understood changes nothing.
+    QString carryOut(const QString &line);
+
+Q_SIGNALS:
+    void quitRequested();
+
+private:
+    QString help() const;
+
+    DemoHouse *m_house;
+};
