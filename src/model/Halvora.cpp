@@ -5,6 +5,7 @@
 
 #include "link/HalvoraConnThread.h"
 #include "player/ListProperty.h"
+#include "player/Reclaimer.h"
 
 namespace {
 
@@ -213,6 +214,7 @@ void Halvora::parseAirPlay(const QStringList &l)
 
 void Halvora::parsePlaylistEntries(const QStringList &l)
 {
+    const QList<PlaylistEntry *> former = m_entries;
     m_entries.clear();
     for (int i = payloadAt; i < l.size(); ++i) {
         const QStringList fields = subFields(l.at(i));
@@ -225,6 +227,7 @@ void Halvora::parsePlaylistEntries(const QStringList &l)
         m_entries.append(entry);
     }
     Q_EMIT playlistEntriesChanged();
+    Reclaimer::dropAll(former);
 }
 
 void Halvora::refreshPlaylists(const QStringList &)

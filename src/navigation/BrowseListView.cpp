@@ -79,6 +79,12 @@ struct BrowseListView::Found
 
 BrowseListView::BrowseListView(QQuickItem *parent) : NavigationView(parent) { }
 
+BrowseListView::~BrowseListView()
+{
+    for (SectionItems *section : qAsConst(m_sections))
+        section->release();
+}
+
 QQmlListProperty<PlayerItem> BrowseListView::allSortedItems()
 {
     return firstItems(std::numeric_limits<int>::max());
@@ -101,8 +107,13 @@ void BrowseListView::setRowTypes(const QStringList &rowTypes)
 
 void BrowseListView::setSections(const QHash<QString, SectionItems *> &sections)
 {
+    const QHash<QString, SectionItems *> former = m_sections;
     m_sections = sections;
+    for (SectionItems *section : sections)
+        section->acquire();
     Q_EMIT rowTypesChanged();
+    for (SectionItems *section : former)
+        section->release();
 }
 
 SectionItems *BrowseListView::sectionOf(const QString &type) const

@@ -16,7 +16,7 @@
  * near what is on show. The view talks to no server: it asks by its signals, and a controller answers by the calls
  * below. "qrc:/Qml/BrowseList.qml" gives it its looks.
  *
- * Made from that file by a controller or another view, in the GUI thread. It owns neither its sections nor their rows.
+ * Made from that file by a controller or another view, in the GUI thread. It shares its sections with other views.
  */
 class BrowseListView : public NavigationView
 {
@@ -26,6 +26,7 @@ class BrowseListView : public NavigationView
 
 public:
     explicit BrowseListView(QQuickItem *parent = nullptr);
+    ~BrowseListView() override;
 
     /// The types of the rows, in the order of the sections; empty by default.
     QStringList rowTypes() const { return m_rowTypes; }

@@ -5,6 +5,7 @@
 
 #include "navigation/QmlItem.h"
 #include "player/HalvoraPlayer.h"
+#include "player/Reclaimer.h"
 
 LibraryNavController::LibraryNavController(QQuickItem *parent) : ListNavController(parent) { }
 
@@ -157,6 +158,9 @@ void LibraryNavController::menuActionForItemPL(QString action, PlayerItem *item,
 
 void LibraryNavController::albumBrowseReceived(QJsonValue v)
 {
-    if (v.isArray() && player())
-        player()->actionEditPlaylistWithUris(m_pendingPlaylistUri, LibraryRows::tracksOf(v));
+    if (!v.isArray() || !player())
+        return;
+    const QList<PlayerItem *> tracks = LibraryRows::tracksOf(v);
+    player()->actionEditPlaylistWithUris(m_pendingPlaylistUri, tracks);
+    Reclaimer::dropAll(tracks);
 }

@@ -117,7 +117,10 @@ LibraryRows LibraryRows::fromSearch(const QJsonValue &v)
             if (found == results.constEnd())
                 continue;
             rows.types.append(kind.type);
-            rows.sections.insert(kind.type, sectionFrom(found.value().toArray(), kind.type));
+            SectionItems *&section = rows.sections[kind.type];
+            if (section)
+                section->release();
+            section = sectionFrom(found.value().toArray(), kind.type);
         }
     }
     return rows;
@@ -125,6 +128,9 @@ LibraryRows LibraryRows::fromSearch(const QJsonValue &v)
 
 QList<PlayerItem *> LibraryRows::tracksOf(const QJsonValue &v)
 {
-    const SectionItems *tracks = fromPlaylist(v).sections.value(QStringLiteral("track"));
-    return tracks ? tracks->items : QList<PlayerItem *>();
+    const LibraryRows rows = fromPlaylist(v);
+    const SectionItems *section = rows.sections.value(QStringLiteral("track"));
+    const QList<PlayerItem *> tracks = section ? section->items : QList<PlayerItem *>();
+    qDeleteAll(rows.sections);
+    return tracks;
 }

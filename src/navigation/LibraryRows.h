@@ -24,6 +24,6 @@ struct LibraryRows
     /// The results of a search, one element for each of the server's backends. Of backends that answer the same type
     /// the last one's rows stand, once for each of them.
     static LibraryRows fromSearch(const QJsonValue &v);
-    /// The tracks in a directory.
+    /// The tracks in a directory, for the caller to drop.
     static QList<PlayerItem *> tracksOf(const QJsonValue &v);
 };

@@ -3,7 +3,17 @@
 
 #include "navigation/SectionItems.h"
 
+#include "player/Reclaimer.h"
+
 SectionItems::SectionItems(QObject *parent) : QObject(parent) { }
+
+void SectionItems::release()
+{
+    if (--m_users > 0)
+        return;
+    Reclaimer::dropAll(items);
+    Reclaimer::drop(this);
+}
 
 void SectionItems::append(PlayerItem *item)
 {

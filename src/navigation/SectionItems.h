@@ -12,8 +12,8 @@
  * The rows of one type in a list of the library. What stands under "track" is a Song, under "album" an Album, and
  * under "directory", "playlist" and "artist" a plain PlayerItem.
  *
- * Made without a parent, in the GUI thread, by whoever reads the server's answer, and not owned by the views that show
- * it: two views may share one. It does not own its rows.
+ * Made without a parent, in the GUI thread, by whoever reads the server's answer. The views that show it share it, and
+ * the last one to let go of it drops it with its rows, which a screen may still show for a while.
  */
 class SectionItems final : public QObject
 {
@@ -24,6 +24,10 @@ public:
 
     QStringList itemUris;      ///< the keys of the rows, position by position those of `items`
     QList<PlayerItem *> items; ///< the rows, in the server's order
+
+    void acquire() { ++m_users; }
+    /// For each acquire(), and once for a section that nobody has acquired.
+    void release();
 
     /// Adds a row at the end of both lists.
     void append(PlayerItem *item);
@@ -37,4 +41,5 @@ private:
 
     mutable QHash<QString, int> m_positions; // of the first m_indexed rows
     mutable int m_indexed = 0;
+    int m_users = 0;
 };

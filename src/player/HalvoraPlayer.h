@@ -7,6 +7,7 @@
 #include "player/Song.h"
 
 #include <QAbstractSocket>
+#include <QJsonArray>
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QMap>
@@ -177,7 +178,7 @@ public:
     Q_INVOKABLE void actionAddList(QJsonValue v);
     /// Makes a playlist, filled with the server's tracklist if `fromQueue`. The name is not checked.
     Q_INVOKABLE void actionCreatePlaylist(QString name, bool fromQueue);
-    /// Appends items to a playlist. They are kept, not owned, until the next call.
+    /// Appends items to a playlist, as they are now. With two calls under way both playlists get the later items.
     Q_INVOKABLE void actionEditPlaylistWithUris(QString playlist, QList<PlayerItem *> songs);
     /// Searches everything, or the one scheme `filter`. The reply carries no id to match it by.
     Q_INVOKABLE void actionSearch(QString text, QString filter, QObject *rec, const char *hdl);
@@ -273,6 +274,6 @@ private:
     int m_nextToComplete = 0;
     QStringList m_filters;
     QStringList m_filterTitles;
-    QList<PlayerItem *> m_pendingPlaylistItems;
+    QJsonArray m_pendingPlaylistItems; // as the server wants them
     QJsonValue m_pendingPlaylistJson;
 };

@@ -3,6 +3,8 @@
 
 #include "player/HalvoraPlayer.h"
 
+#include "player/Reclaimer.h"
+
 #include <QJsonArray>
 
 // The server's playlists: their mirror, playing, making and extending them. Renaming and deleting are the
@@ -37,6 +39,7 @@ QJsonObject uriParameter(const QString &uri)
 
 void HalvoraPlayer::updatePlaylists(QJsonValue v)
 {
+    const QList<PlayerItem *> former = m_playlists;
     m_playlists.clear();
     m_playlistIndex.clear();
     const QJsonArray references = v.toArray();
@@ -51,6 +54,7 @@ void HalvoraPlayer::updatePlaylists(QJsonValue v)
         m_playlists.append(item);
     }
     Q_EMIT playlistsChanged();
+    Reclaimer::dropAll(former);
 }
 
 void HalvoraPlayer::actionRefreshPlaylists()
@@ -117,7 +121,9 @@ void HalvoraPlayer::updatePlaylistTracks(QJsonValue v)
 
 void HalvoraPlayer::actionEditPlaylistWithUris(QString playlist, QList<PlayerItem *> songs)
 {
-    m_pendingPlaylistItems = songs;
+    m_pendingPlaylistItems = QJsonArray();
+    for (const PlayerItem *song : qAsConst(songs))
+        m_pendingPlaylistItems.append(modelOf(song));
     post(QStringLiteral("core.playlists.lookup"), uriParameter(playlist), this, "updatePlaylistJson");
 }
 
@@ -127,8 +133,8 @@ void HalvoraPlayer::updatePlaylistJson(QJsonValue v)
         return;
     const QJsonObject playlist = v.toObject();
     QJsonArray tracks = playlist.value(QLatin1String("tracks")).toArray();
-    for (const PlayerItem *item : qAsConst(m_pendingPlaylistItems))
-        tracks.append(modelOf(item));
+    for (const QJsonValue &item : qAsConst(m_pendingPlaylistItems))
+        tracks.append(item);
     savePlaylist(playlist, tracks);
 }
 

@@ -3,6 +3,7 @@
 
 #include "player/HalvoraPlayer.h"
 
+#include "player/Reclaimer.h"
 #include "player/SocketHandler.h"
 #include "player/TrackParser.h"
 
@@ -12,6 +13,7 @@
 
 void HalvoraPlayer::updateQueue(QJsonValue v)
 {
+    const QList<Song *> former = m_queueMap.values();
     m_queueMap.clear();
     m_queueSnapshot.clear();
     QStringList uris;
@@ -28,6 +30,7 @@ void HalvoraPlayer::updateQueue(QJsonValue v)
         m_queueMap.insert(m_queueMap.cend(), tlid, song);
     }
     Q_EMIT queueChanged();
+    Reclaimer::dropAll(former);
     m_nextToComplete = std::numeric_limits<int>::min();
     m_completion.start(0);
     if (!uris.isEmpty()) {

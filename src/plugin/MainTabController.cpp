@@ -7,6 +7,7 @@
 #include "images/ImageDownloader.h"
 #include "link/Device.h"
 #include "model/Halvora.h"
+#include "player/Reclaimer.h"
 #include "screens/DynamicTranslator.h"
 #include "screens/OutputsView.h"
 #include "screens/PlayerView.h"
@@ -66,6 +67,7 @@ void MainTabController::setContainerView(QQuickItem *item)
 
 void MainTabController::tabLoadingCompleted()
 {
+    Reclaimer::begin(qmlEngine(this));
     qmlEngine(this)->addImageProvider(QStringLiteral("async"), new AsyncImageProvider);
     publishTheme();
     qmlEngine(this)->rootContext()->setContextProperty(QStringLiteral("selectedLang"), QStringLiteral("en"));

@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "player/Reclaimer.h"
+
+#include <QQmlEngine>
+
+QPointer<Reclaimer> Reclaimer::s_instance;
+
+Reclaimer::Reclaimer(QQmlEngine *engine) : QObject(engine)
+{
+    m_idle.setInterval(0);
+    connect(&m_idle, &QTimer::timeout, this, &Reclaimer::freeSome);
+}
+
+void Reclaimer::begin(QQmlEngine *engine)
+{
+    if (engine && !s_instance)
+        s_instance = new Reclaimer(engine);
+}
+
+void Reclaimer::drop(QObject *object)
+{
+    if (!object || !s_instance)
+        return;
+    s_instance->m_dropped.enqueue(object);
+    s_instance->m_idle.start();
+}
+
+// An object that QML has looked at belongs to an engine; its collector knows who still shows it.
+void Reclaimer::freeSome()
+{
+    constexpr int atOnce = 200;
+    for (int i = 0; i < atOnce && !m_dropped.isEmpty(); ++i) {
+        QObject *object = m_dropped.dequeue();
+        QJSEngine *seenBy = object ? qjsEngine(object) : nullptr;
+        if (seenBy)
+            seenBy->newQObject(object);
+        else
+            delete object;
+    }
+    if (m_dropped.isEmpty())
+        m_idle.stop();
+}
