@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
-#include "support/ClientWindow.h"
+#include "support/Listener.h"
 #include "support/Suite.h"
 
 #include "player/PlayerTiming.h"
 #include "simulator/MopidyModels.h"
 
-#include <QJsonDocument>
+using namespace Requests;
 
 /**
  * Library, search and playlists as a person uses them: clicks on a real window, and what then reaches the device and
@@ -42,168 +42,18 @@ private Q_SLOTS:
     void playlistsFollowTheServer();
 };
 
-namespace {
-
-const QPoint libraryButton(40, 115);
-const QPoint searchButton(410, 115);
-const QPoint playlistsButton(105, 603);
-const QPoint rightButton(415, 22); // of the bar: "Close"
-const QPoint backButton(60, 22);
-constexpr int menuButton = 420; // of a row, from the left
-
-const int album = 10; // its first track, in the catalogue
-
-QString call(const QString &method, const QJsonObject &parameters = {})
-{
-    return method + QString::fromUtf8(QJsonDocument(parameters).toJson(QJsonDocument::Compact));
-}
-
-QString ofUri(const QString &method, const QString &uri)
-{
-    return call(method, {{"uri"_s, uri}});
-}
-
-QString ofUris(const QString &method, const QStringList &uris)
-{
-    return call(method, {{"uris"_s, QJsonArray::fromStringList(uris)}});
-}
-
-QString add(const QStringList &uris, int position)
-{
-    return call("tracklist.add"_s,
-                {{"uris"_s, QJsonArray::fromStringList(uris)}, {"at_position"_s, position}});
-}
-
-QString play(int tlid)
-{
-    return call("playback.play"_s, {{"tlid"_s, tlid}});
-}
-
-const QString askPosition = call("tracklist.index"_s);
-
-QPoint inScene(const QQuickItem *item, qreal x, qreal y)
-{
-    return item->mapToScene({x, y}).toPoint();
-}
-
 // In the dialogs, whose box of 300 by 200 stands in the middle.
-QPoint okOf(const QQuickItem *dialog)
+static QPoint okOf(const QQuickItem *dialog)
 {
-    return inScene(dialog, dialog->width() / 2 - 75, dialog->height() / 2 + 75);
+    return dialog->mapToScene({dialog->width() / 2 - 75, dialog->height() / 2 + 75}).toPoint();
 }
 
-QPoint fieldOf(const QQuickItem *dialog)
+static QPoint fieldOf(const QQuickItem *dialog)
 {
-    return inScene(dialog, dialog->width() / 2, dialog->height() / 2 + 30);
+    return dialog->mapToScene({dialog->width() / 2, dialog->height() / 2 + 30}).toPoint();
 }
 
-// A client whose player screen stands, and the library behind it.
-class Listener final
-{
-public:
-    bool start()
-    {
-        if (!client.showPlayer())
-            return false;
-        client.forgetRequests();
-        client.forgetCommands();
-        return true;
-    }
-
-    CatalogueTrack track(int position) const { return client.server.catalogue().track(position); }
-
-    QStringList uris(int from, int to) const // of tracks
-    {
-        QStringList uris;
-        for (int position = from; position < to; ++position)
-            uris.append(track(position).uri);
-        return uris;
-    }
-
-    // The requests of the step that was just made, all of them and no more.
-    bool sent(const QStringList &expected)
-    {
-        const bool came = QTest::qWaitFor([&] { return client.requests().size() >= expected.size(); });
-        QTest::qWait(0);
-        const bool right = came && client.requests() == expected;
-        if (!right)
-            qInfo() << "sent" << client.requests() << "expected" << expected;
-        client.forgetRequests();
-        return right;
-    }
-
-    bool openAlbums()
-    {
-        client.click(libraryButton);
-        return client.clickOn("Local media"_s) && client.clickOn("Albums"_s) && shows(track(album).albumName);
-    }
-
-    bool openAlbum()
-    {
-        if (!openAlbums() || !client.clickOn(track(album).albumName) || !shows(details(album)))
-            return false;
-        client.forgetRequests();
-        return true;
-    }
-
-    // What a row says of a track once its details are there.
-    QString details(int position) const
-    {
-        QStringList artists;
-        for (const CatalogueArtist &artist : track(position).artists)
-            artists.append(artist.name);
-        return track(position).albumName + "\n"_s + artists.join(", "_s);
-    }
-
-    bool shows(const QString &text) const
-    {
-        return QTest::qWaitFor([&] { return client.showsText(text); });
-    }
-
-    bool openMenuOf(const QString &row, const QString &menu = "MoreMenu"_s)
-    {
-        const QQuickItem *label = client.itemWithText(row);
-        if (!label)
-            return false;
-        client.click({menuButton, int(label->mapToScene({}).y()) + 40});
-        return isStill(menu);
-    }
-
-    // Whether a panel has slid in.
-    bool isStill(const QString &type)
-    {
-        return QTest::qWaitFor([&] {
-            const QQuickItem *panel = client.item(type);
-            return panel && panel->y() == 0 && panel->x() == 0;
-        });
-    }
-
-    bool closeFilters()
-    {
-        return client.clickOn("Select"_s)
-            && QTest::qWaitFor([&] { return client.item("FilterPanel"_s)->x() >= 450; });
-    }
-
-    bool openPlaylists()
-    {
-        client.server.playlists()->put("Morning"_s, uris(30, 33));
-        client.server.playlists()->put("Evening"_s, uris(33, 35));
-        client.device.setPlaylistEntries({{4, "Preset one"_s, {}}, {9, "Preset two"_s, playlistUri(1)}});
-        client.click(playlistsButton);
-        if (!isStill("PlaylistsNavPopup"_s) || !shows("Preset two"_s))
-            return false;
-        client.forgetRequests();
-        return true;
-    }
-
-    QString playlistUri(int which) { return client.server.playlists()->playlists().at(which).uri; }
-
-    bool openPlaylistMenu() { return openMenuOf("Morning"_s, "PlaylistMoreMenu"_s); }
-
-    ClientWindow client;
-};
-
-} // namespace
+static constexpr int album = 10; // its first track, in the catalogue
 
 void LibraryTest::initTestCase()
 {
@@ -215,7 +65,7 @@ void LibraryTest::walksFromTheRootToATrack()
     Listener listener;
     QVERIFY(listener.start());
     ClientWindow &client = listener.client;
-    client.click(libraryButton);
+    client.click(Listener::libraryButton);
     QVERIFY(listener.sent({call("library.browse"_s, {{"uri"_s, QJsonValue()}})}));
     QVERIFY(client.clickOn("Local media"_s));
     QVERIFY(listener.sent({ofUri("library.browse"_s, "local:directory"_s)}));
@@ -231,7 +81,7 @@ void LibraryTest::walksFromTheRootToATrack()
                            ofUris("library.lookup"_s, tracks), ofUris("library.get_images"_s, tracks)}));
     QVERIFY(listener.shows(listener.details(album + 4)));
     QVERIFY(client.clickOn(listener.track(album + 4).name));
-    QVERIFY(listener.sent({askPosition, add({tracks.at(4)}, 1), play(3)}));
+    QVERIFY(listener.sent({askPosition(), add({tracks.at(4)}, 1), play(3)}));
     QTRY_COMPARE(client.server.playback()->current().track.uri, tracks.at(4));
 }
 
@@ -239,7 +89,7 @@ void LibraryTest::barNamesTheScreens()
 {
     Listener listener;
     QVERIFY(listener.start());
-    listener.client.click(libraryButton);
+    listener.client.click(Listener::libraryButton);
     const auto bar = [&] {
         const QQuickItem *bar = listener.client.item("NavigationBar"_s); // that of the playlists waits below
         return bar->property("backText").toString() + "|"_s + bar->property("title").toString();
@@ -248,9 +98,9 @@ void LibraryTest::barNamesTheScreens()
     QCOMPARE(bar(), "|"_s);
     QVERIFY(listener.client.clickOn("Local media"_s));
     QTRY_COMPARE(bar(), "Music|Local media"_s);
-    listener.client.click(backButton);
+    listener.client.click(Listener::backButton);
     QTRY_COMPARE(bar(), "Music|Music"_s);
-    listener.client.click(rightButton);
+    listener.client.click(Listener::rightButton);
     QTRY_VERIFY(!listener.client.showsText("Local media"_s));
 }
 
@@ -275,14 +125,14 @@ void LibraryTest::menuOfATrack()
     QFETCH(bool, plays);
     Listener listener;
     QVERIFY(listener.start());
-    QVERIFY(listener.openAlbum());
+    QVERIFY(listener.openAlbum(album));
     const QString name = listener.track(album + 3).name;
     QVERIFY(listener.openMenuOf(name));
     QVERIFY(listener.client.clickOn(row.endsWith(QLatin1Char('"')) ? row + name + "\""_s : row));
     const QStringList uris = listener.uris(album + 3, all ? album + 10 : album + 4);
     QStringList expected{next ? add(uris, 1) : ofUris("tracklist.add"_s, uris)};
     if (next)
-        expected.prepend(askPosition);
+        expected.prepend(askPosition());
     if (plays)
         expected.append(play(3));
     QVERIFY(listener.sent(expected));
@@ -303,7 +153,7 @@ void LibraryTest::menuOfAnAlbum()
     QFETCH(QStringList, requests);
     Listener listener;
     QVERIFY(listener.start());
-    QVERIFY(listener.openAlbums());
+    QVERIFY(listener.openAlbums(album));
     const CatalogueTrack first = listener.track(album);
     QVERIFY(listener.shows(first.artists.constFirst().name));
     listener.client.forgetRequests();
@@ -312,7 +162,7 @@ void LibraryTest::menuOfAnAlbum()
     QStringList expected;
     const bool next = requests.contains("index"_s);
     if (next)
-        expected.append(askPosition);
+        expected.append(askPosition());
     expected.append(next ? add({first.albumUri}, 1) : ofUris("tracklist.add"_s, {first.albumUri}));
     if (requests.contains("play"_s))
         expected.append(play(3));
@@ -342,7 +192,7 @@ void LibraryTest::itemsJoinAPlaylist()
     shelf->put("Morning"_s, listener.uris(30, 33));
     const QString uri = shelf->put("Evening"_s, listener.uris(40, 41));
     QVERIFY(listener.start());
-    QVERIFY(ofAlbum ? listener.openAlbums() : listener.openAlbum());
+    QVERIFY(ofAlbum ? listener.openAlbums(album) : listener.openAlbum(album));
     const CatalogueTrack track = listener.track(from);
     QVERIFY(listener.openMenuOf(ofAlbum ? track.albumName : track.name));
     QVERIFY(listener.client.clickOn(row));
@@ -352,39 +202,13 @@ void LibraryTest::itemsJoinAPlaylist()
     QCOMPARE(shelf->playlists().at(0).trackUris, listener.uris(30, 33));
 }
 
-// One artist, one album and `tracks` tracks of the library, as a backend finds them.
-static QJsonArray results(const Listener &listener, int tracks)
-{
-    QJsonArray found;
-    for (int i = 0; i < tracks; ++i)
-        found.append(MopidyModels::track(listener.track(album + i)));
-    return {MopidyModels::searchResult("local:search"_s, found, {MopidyModels::album(listener.track(100))},
-                                       {MopidyModels::artist(listener.track(album).artists.constFirst())})};
-}
-
-static bool search(Listener *listener, const QString &text)
-{
-    listener->client.click(searchButton);
-    if (!listener->shows("Search"_s))
-        return false;
-    listener->client.click({150, 44 + 20});
-    listener->client.type(text);
-    QTest::keyClick(&listener->client.view, Qt::Key_Return);
-    return true;
-}
-
-static QString searchCall(const QString &text, const QJsonValue &uris)
-{
-    return call("library.search"_s, {{"query"_s, QJsonObject{{"any"_s, text}}}, {"uris"_s, uris}});
-}
-
 void LibraryTest::searchShowsFiveOfAKind()
 {
     Listener listener;
     ClientWindow &client = listener.client;
     QVERIFY(listener.start());
-    client.server.faults().results.insert("core.library.search"_s, results(listener, 6));
-    QVERIFY(search(&listener, "Winter"_s));
+    client.server.faults().results.insert("core.library.search"_s, listener.results(6));
+    QVERIFY(listener.search("Winter"_s));
     QVERIFY(listener.shows(listener.track(album).name));
     QCOMPARE(client.requests().value(0), searchCall("Winter"_s, QJsonObject()));
     const QStringList texts = client.texts();
@@ -400,7 +224,7 @@ void LibraryTest::searchShowsFiveOfAKind()
     QVERIFY(listener.shows(listener.track(album + 5).name));
     QCOMPARE(client.item("NavigationBar"_s)->property("title").toString(), "Tracks"_s);
     QVERIFY(client.clickOn(listener.track(album + 5).name));
-    QVERIFY(listener.sent({askPosition, add(listener.uris(album + 5, album + 6), 1), play(3)}));
+    QVERIFY(listener.sent({askPosition(), add(listener.uris(album + 5, album + 6), 1), play(3)}));
 }
 
 void LibraryTest::searchInOneService()
@@ -409,7 +233,7 @@ void LibraryTest::searchInOneService()
     ClientWindow &client = listener.client;
     QVERIFY(listener.start());
     QTRY_COMPARE(client.server.requestCount("core.get_uri_schemes"_s), 0);
-    client.click(searchButton);
+    client.click(Listener::searchButton);
     QVERIFY(client.clickOn("Show filters"_s));
     QVERIFY(client.clickOn("Local files"_s));
     QVERIFY(listener.closeFilters());
@@ -439,7 +263,7 @@ void LibraryTest::tracksOfASearch()
         "core.library.search"_s,
         QJsonArray{MopidyModels::searchResult("local:search"_s, {MopidyModels::track(listener.track(album))},
                                               {MopidyModels::album(listener.track(100))}, {})});
-    QVERIFY(search(&listener, "x"_s));
+    QVERIFY(listener.search("x"_s));
     QVERIFY(listener.shows(listener.details(album)));
     client.forgetRequests();
     QVERIFY(client.clickOn(listener.track(album).name));
@@ -463,10 +287,10 @@ void LibraryTest::playlistIsOpened()
     QVERIFY(listener.shows(listener.details(31)));
     QVERIFY(!listener.client.showsText("Add"_s));
     QVERIFY(listener.client.clickOn(listener.track(31).name));
-    QVERIFY(listener.sent({askPosition, add({uris.at(1)}, 1), play(3)}));
-    listener.client.click(backButton);
+    QVERIFY(listener.sent({askPosition(), add({uris.at(1)}, 1), play(3)}));
+    listener.client.click(Listener::backButton);
     QVERIFY(listener.shows("Add"_s));
-    listener.client.click(rightButton);
+    listener.client.click(Listener::rightButton);
     QTRY_COMPARE(listener.client.item("PlaylistsNavPopup"_s)->y(), 645.0);
 }
 

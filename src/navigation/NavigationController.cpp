@@ -27,6 +27,7 @@ void NavigationController::initNavigationBar()
     connect(m_navigationBar, SIGNAL(right()), this, SIGNAL(close()));
     connect(m_navigationBar, SIGNAL(back()), this, SLOT(popLastView()));
     m_navigationBar->setVisible(true);
+    m_navigationBar->setParent(this); // a parent item alone does not free it
     m_navigationBar->setParentItem(this);
 }
 
