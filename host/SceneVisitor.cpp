@@ -6,6 +6,7 @@
 #include "SceneSearch.h"
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QQuickWindow>
@@ -49,24 +50,29 @@ bool SceneVisitor::type(const QString &text) const
     return true;
 }
 
+// At a person's pace: a list tells a drag from a flick, and both from nothing, by the time between the events.
 bool SceneVisitor::touch(const QQuickItem *item, const QPointF &by) const
 {
     if (!item)
         return false;
     constexpr int moves = 5;
+    constexpr int pace = 20;  // milliseconds
+    constexpr int rest = 300; // long enough for a list not to fly on
     const QPointF start = item->mapToScene(item->boundingRect().center());
-    mouse(QEvent::MouseButtonPress, start);
+    ulong time = ulong(QDateTime::currentMSecsSinceEpoch());
+    mouse(QEvent::MouseButtonPress, start, time);
     for (int move = 1; !by.isNull() && move <= moves; ++move)
-        mouse(QEvent::MouseMove, start + by * move / moves);
-    mouse(QEvent::MouseButtonRelease, start + by);
+        mouse(QEvent::MouseMove, start + by * move / moves, time += pace);
+    mouse(QEvent::MouseButtonRelease, start + by, time + (by.isNull() ? pace : rest));
     return true;
 }
 
-void SceneVisitor::mouse(int eventType, const QPointF &place) const
+void SceneVisitor::mouse(int eventType, const QPointF &place, ulong time) const
 {
     const auto type = QEvent::Type(eventType);
     const QPointF global = m_window->mapToGlobal(place.toPoint());
     QMouseEvent event(type, place, place, global, type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
                       type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+    event.setTimestamp(time);
     QCoreApplication::sendEvent(m_window, &event);
 }

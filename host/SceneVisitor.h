@@ -36,7 +36,7 @@ public:
 
 private:
     bool touch(const QQuickItem *item, const QPointF &by = {}) const;
-    void mouse(int eventType, const QPointF &place) const;
+    void mouse(int eventType, const QPointF &place, ulong time) const; // in milliseconds
 
     QQuickWindow *m_window;
 };

@@ -80,7 +80,7 @@ std::vector<TourStop> ofThePlaylists(const Steps &to)
 {
     return {
         {named("10-playlists"), {to.close(), to.picture("playlists")}, "PlaylistCell", 0},
-        {named("11-playlist-tracks"), {to.nth("PlaylistCell", 0)}, "BrowseListView", 5},
+        {named("11-playlist-tracks"), {to.nth("PlaylistCell", 0)}, "BrowseList", 5},
         {named("12-playlist-menu"), {to.text("Playlists"), to.nth("MenuButton", 0)}, "PlaylistMoreMenu", 0},
         {named("13-rename-playlist"),
          {to.word("Rename"), to.field(), to.keys("Early Coffee")},
@@ -105,20 +105,20 @@ std::vector<TourStop> ofTheLibrary(const Steps &to)
 {
     return {
         {named("17-library"), {to.cancel(), to.text("Close"), to.picture("library")}, "GenericCell", 0},
-        {named("18-albums"), {to.text("Local media"), to.text("Albums")}, "BrowseListView", 5},
-        {named("19-album"), {to.nth("SongCell", 1)}, "BrowseListView", 5},
+        {named("18-albums"), {to.text("Local media"), to.text("Albums")}, "BrowseList", 5},
+        {named("19-album"), {to.nth("SongCell", 1)}, "BrowseList", 5},
         {named("20-item-menu"), {to.nth("MenuButton", 0)}, "MoreMenu", 1},
         {named("21-playlist-chooser"), {to.word("Add to Playlist")}, "PlaylistChooser", 0},
         {named("22-search"),
          {to.close(), to.close(), to.text("Close"), to.picture("library_search"), to.field(),
-          to.keys("the\n")},
+          to.keys("north\n")},
          "SearchRootView",
-         5},
+         3},
         {named("23-search-filters"), {to.text("Show filters")}, "FilterPanel", 0},
         // A list that has been opened so fetches its covers when it has been moved.
         {named("24-search-more"),
          {to.text("Select"), to.text("Show more..."), to.drag("SongCell", 3, upwards)},
-         "BrowseListView",
+         "BrowseList",
          5},
     };
 }
