@@ -292,7 +292,7 @@ void HostProcessTest::refusesWrongOptions_data()
          {"360", "360x", "x640", "360x640x2", "360*640", "339x640", "360x519", "-360x640"}) {
         const QString size = QString::fromLatin1(wrong);
         QTest::newRow(wrong)
-            << QStringList{"--demo"_s, "--size=" + size}
+            << QStringList{"--demo"_s, "--size="_s + size}
             << "--size needs WIDTHxHEIGHT from 340x520 on, for example 360x640, not \"%1\"."_s.arg(size);
     }
     QTest::newRow("folder without a name")
