@@ -4,3 +4,8 @@
 #include "HostLog.h"
 
 Q_LOGGING_CATEGORY(lcHost, "halvora.host", QtWarningMsg)
+
+void hideScreenNotes()
+{
+    QLoggingCategory::setFilterRules(QStringLiteral("qml.debug=false"));
+}

@@ -7,3 +7,7 @@
 
 /// "halvora.host": what the host itself has to say. Warnings and worse are shown; QT_LOGGING_RULES opens the rest.
 Q_DECLARE_LOGGING_CATEGORY(lcHost)
+
+/// Keeps what the client's screens note for their developers off the terminal; QT_LOGGING_RULES="qml.debug=true" brings
+/// it back.
+void hideScreenNotes();

@@ -6,6 +6,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QLocale>
+#include <QRegularExpression>
 
 namespace {
 
@@ -18,7 +19,10 @@ const QString passwordFile = QStringLiteral("password-file");
 const QString mopidy = QStringLiteral("mopidy");
 const QString language = QStringLiteral("language");
 const QString smallScreen = QStringLiteral("small-screen");
-const QString screenshots = QStringLiteral("screenshots");
+const QString size = QStringLiteral("size");
+const QString tour = QStringLiteral("tour");
+
+constexpr QSize smallest(340, 520); // the window's own minimum
 
 const QStringList languages = {QStringLiteral("en"), QStringLiteral("de"), QStringLiteral("it")};
 
@@ -39,7 +43,12 @@ void describe(QCommandLineParser &parser)
         {mopidy, QStringLiteral("With --demo: offer this Mopidy server as a source."), address},
         {language, QStringLiteral("en, de or it; the system's language by default."), QStringLiteral("CODE")},
         {smallScreen, QStringLiteral("Lay dialogs out for a small screen.")},
-        {screenshots, QStringLiteral("Take pictures of the screens, write them to this folder and end."),
+        {size, QStringLiteral("Size of the window in pixels, for example 360x640."),
+         QStringLiteral("WIDTHxHEIGHT")},
+        {tour,
+         QStringLiteral(
+             "Walk through the screens, write a picture of each to this folder and end; a warning on\n"
+             "the way is a failure. Outside of the plain --demo: the first four screens."),
          QStringLiteral("DIR")},
     });
 }
@@ -48,6 +57,15 @@ QString systemLanguage()
 {
     const QString code = QLocale::system().name().left(2);
     return languages.contains(code) ? code : languages.first();
+}
+
+/// Invalid for what is no size, or a smaller one than the window takes.
+QSize toSize(const QString &text)
+{
+    static const QRegularExpression form(QStringLiteral("^(\\d{3,4})x(\\d{3,4})$"));
+    const QRegularExpressionMatch match = form.match(text);
+    const QSize found(match.captured(1).toInt(), match.captured(2).toInt());
+    return found.expandedTo(smallest) == found ? found : QSize();
 }
 
 /// One sentence on the first thing that does not fit together, or an empty text.
@@ -77,8 +95,13 @@ QString complaint(const QCommandLineParser &parser)
          endpoint.arg(mopidy, QStringLiteral("127.0.0.1:6680"), parser.value(mopidy))},
         {parser.isSet(language) && !languages.contains(parser.value(language)),
          QStringLiteral("--language knows en, de and it, not \"%1\".").arg(parser.value(language))},
-        {parser.isSet(screenshots) && parser.value(screenshots).isEmpty(),
-         QStringLiteral("--screenshots needs the name of a folder.")},
+        {parser.isSet(size) && !toSize(parser.value(size)).isValid(),
+         QStringLiteral("--size needs WIDTHxHEIGHT from %1x%2 on, for example 360x640, not \"%3\".")
+             .arg(smallest.width())
+             .arg(smallest.height())
+             .arg(parser.value(size))},
+        {parser.isSet(tour) && parser.value(tour).isEmpty(),
+         QStringLiteral("--tour needs the name of a folder.")},
     };
     for (const auto &rule : rules) {
         if (rule.wrong)
@@ -129,6 +152,7 @@ HostOptions HostOptions::read(const QStringList &arguments)
     options.mopidy = Endpoint::parse(parser.value(::mopidy));
     options.language = parser.isSet(::language) ? parser.value(::language) : systemLanguage();
     options.smallScreen = parser.isSet(::smallScreen);
-    options.screenshots = parser.value(::screenshots);
+    options.size = toSize(parser.value(::size));
+    options.tour = parser.value(::tour);
     return options;
 }

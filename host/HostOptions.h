@@ -5,6 +5,7 @@
 
 #include "Endpoint.h"
 
+#include <QSize>
 #include <QStringList>
 
 #include <optional>
@@ -26,7 +27,8 @@ struct HostOptions
     std::optional<Endpoint> mopidy; ///< a real music server to announce in the demo
     QString language;               ///< "en", "de" or "it"
     bool smallScreen = false;
-    QString screenshots; ///< folder for the pictures; empty: none are taken
+    QSize size;   ///< of the window, at least as large as the scene allows; invalid: the scene's own
+    QString tour; ///< folder for the tour's pictures; empty: there is no tour
 
     /// Reads the arguments, the program's name first. Needs a QCoreApplication (for the help text).
     static HostOptions read(const QStringList &arguments);

@@ -6,6 +6,7 @@
 #include "Endpoint.h"
 
 #include <QQmlApplicationEngine>
+#include <QSize>
 #include <QString>
 
 class PluginGate;
@@ -30,8 +31,9 @@ public:
     /// Registers the library's types in the engine. `gate` must be loaded.
     explicit HostScene(const PluginGate &gate);
 
-    /// Shows the window and connects. False when the scene does not load: error() is then one sentence.
-    bool show(const DeviceAccess &access, bool smallScreen);
+    /// Shows the window and connects. An invalid size leaves the window its own. False when the scene does not load:
+    /// error() is then one sentence.
+    bool show(const DeviceAccess &access, bool smallScreen, const QSize &size = {});
     QString error() const { return m_error; }
 
     QQuickWindow *window() const; ///< owned by the engine; null before show()

@@ -3,21 +3,28 @@
 
 #include "SceneSearch.h"
 
+#include <QQuickWindow>
 #include <QVariant>
 
 #include <algorithm>
 
 namespace {
 
-void collect(QQuickItem *item, QVector<QQuickItem *> *found)
+// `seen` is what clips the item, in the scene.
+void collect(QQuickItem *item, QRectF seen, QVector<QQuickItem *> *found)
 {
     if (!item->isVisible())
         return;
-    if (item->width() > 0 && item->height() > 0)
+    const QRectF area = item->mapRectToScene({0, 0, item->width(), item->height()});
+    if (item->clip())
+        seen &= area;
+    if (!area.isEmpty() && seen.contains(area.center()))
         found->append(item);
-    const auto children = item->childItems();
-    for (QQuickItem *child : children)
-        collect(child, found);
+    QList<QQuickItem *> children = item->childItems();
+    std::stable_sort(children.begin(), children.end(),
+                     [](const QQuickItem *one, const QQuickItem *other) { return one->z() < other->z(); });
+    for (QQuickItem *child : qAsConst(children))
+        collect(child, seen, found);
 }
 
 bool isOfType(const QQuickItem *item, const QByteArray &type)
@@ -31,11 +38,18 @@ bool isOfType(const QQuickItem *item, const QByteArray &type)
 }
 
 template<typename Predicate>
-QQuickItem *first(QQuickItem *root, Predicate fits)
+QQuickItem *topmost(QQuickItem *root, Predicate fits)
 {
     const auto items = SceneSearch::visibleItems(root);
-    const auto found = std::find_if(items.begin(), items.end(), fits);
-    return found == items.end() ? nullptr : *found;
+    const auto found = std::find_if(items.rbegin(), items.rend(), fits);
+    return found == items.rend() ? nullptr : *found;
+}
+
+bool isReadBefore(const QQuickItem *one, const QQuickItem *other)
+{
+    const QPointF first = one->mapToScene({});
+    const QPointF second = other->mapToScene({});
+    return first.y() == second.y() ? first.x() < second.x() : first.y() < second.y();
 }
 
 } // namespace
@@ -43,8 +57,8 @@ QQuickItem *first(QQuickItem *root, Predicate fits)
 QVector<QQuickItem *> SceneSearch::visibleItems(QQuickItem *root)
 {
     QVector<QQuickItem *> found;
-    if (root)
-        collect(root, &found);
+    if (root && root->window())
+        collect(root, {{}, QSizeF(root->window()->size())}, &found);
     return found;
 }
 
@@ -64,12 +78,22 @@ QStringList SceneSearch::loadedPictures(QQuickItem *root)
 
 QQuickItem *SceneSearch::ofType(QQuickItem *root, const char *type)
 {
-    return first(root, [type](const QQuickItem *item) { return isOfType(item, type); });
+    return topmost(root, [type](const QQuickItem *item) { return isOfType(item, type); });
+}
+
+QVector<QQuickItem *> SceneSearch::allOfType(QQuickItem *root, const char *type)
+{
+    QVector<QQuickItem *> items = visibleItems(root);
+    items.erase(std::remove_if(items.begin(), items.end(),
+                               [type](const QQuickItem *item) { return !isOfType(item, type); }),
+                items.end());
+    std::stable_sort(items.begin(), items.end(), isReadBefore);
+    return items;
 }
 
 QQuickItem *SceneSearch::withText(QQuickItem *root, const char *property, const QString &text)
 {
-    return first(root, [property, &text](const QQuickItem *item) {
+    return topmost(root, [property, &text](const QQuickItem *item) {
         return item->property(property).toString().endsWith(text);
     });
 }

@@ -3,30 +3,30 @@
 
 #pragma once
 
+#include "SceneVisitor.h"
+#include "TourStops.h"
+
 #include <QDir>
 #include <QImage>
 #include <QObject>
 #include <QTimer>
 
-#include <functional>
-#include <vector>
-
-class QQuickItem;
 class QQuickWindow;
 
 /**
- * Walks through the client's screens with mouse events of the window, as a person would, and writes a picture of
- * each: a stop is photographed when its screen is there and has been at rest for a while.
+ * Walks from stop to stop and writes a picture of each: a stop is photographed when its screen is there and has been
+ * at rest for a while.
  *
- * Lives in the GUI thread; the window is not owned and outlives the tour. Knows the screens by what any host can
- * see of them: the types' names, their properties, their texts and pictures.
+ * Lives in the GUI thread; the window is not owned and outlives the tour.
  */
 class ScreenshotTour final : public QObject
 {
     Q_OBJECT
 
 public:
-    ScreenshotTour(QQuickWindow *window, const QString &folder, QObject *parent = nullptr);
+    /// `stops` are not empty.
+    ScreenshotTour(QQuickWindow *window, const QString &folder, std::vector<TourStop> stops,
+                   QObject *parent = nullptr);
 
     /// Begins; finished() tells the end. An unusable folder ends it at once.
     void start();
@@ -36,32 +36,21 @@ Q_SIGNALS:
     void finished(const QString &error);
 
 private:
-    struct Stop
-    {
-        QString name;                   ///< of the picture, and of the screen in a complaint
-        std::function<bool()> approach; ///< clicks towards the screen; tried again until it is true
-        std::function<bool()> arrived;  ///< whether the screen shows what it must
-    };
-
     void look();
-    void photograph(const QImage &picture);
+    void approach(const TourStop &stop);
+    void photograph(const TourStop &stop, const QImage &picture);
     void end(const QString &error);
     bool isAtRest(const QImage &picture);
-
-    QQuickItem *shown(const char *type) const;
-    bool isConnected(const char *type) const;
-    bool areCoversThere(int atLeast) const; ///< or have had their time
-    bool isMatrixOpen() const;
-    bool clickOn(const char *property, const QString &value) const;
-    bool clickAt(const QPointF &place) const;
+    bool isReached(const TourStop &stop) const;
 
     QQuickWindow *m_window;
+    SceneVisitor m_visitor;
     QDir m_folder;
-    std::vector<Stop> m_stops;
+    const std::vector<TourStop> m_stops;
     size_t m_current = 0;
-    bool m_approached = false;
-    QImage m_last;   // what the screen looked like
-    int m_alike = 0; // how many looks in a row
-    int m_looks = 0; // at this stop
+    size_t m_step = 0; // of the current stop's approach
+    QImage m_last;     // what the screen looked like
+    int m_alike = 0;   // how many looks in a row
+    int m_looks = 0;   // since the last step
     QTimer m_timer;
 };

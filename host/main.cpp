@@ -1,12 +1,15 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
+#include "HostLog.h"
 #include "HostOptions.h"
 #include "HostScene.h"
 #include "HostSettings.h"
 #include "Password.h"
 #include "PluginGate.h"
 #include "ScreenshotTour.h"
+#include "TourStops.h"
+#include "WarningCount.h"
 
 #include "simulator/DemoHouse.h"
 #include "simulator/SignalWatcher.h"
@@ -15,6 +18,7 @@
 #include <QQuickWindow>
 
 #include <cstdio>
+#include <memory>
 
 namespace {
 
@@ -36,7 +40,20 @@ HostOptions readOptions(int &argc, char **argv)
     return HostOptions::read(QCoreApplication::arguments());
 }
 
-void takePictures(ScreenshotTour *tour)
+/// The whole tour is for the demo alone: nobody else's house has just these rooms and this music.
+std::vector<TourStop> stopsFor(const HostOptions &options, const SceneVisitor &visitor,
+                               DeviceSimulator *device)
+{
+    if (!options.demo || options.mopidy)
+        return TourStops::ofAnyHouse(visitor);
+    return TourStops::ofTheDemo(visitor, [device] {
+        device->faults().ignoreLogin = true;
+        device->dropAll();
+        return true;
+    });
+}
+
+void begin(ScreenshotTour *tour)
 {
     QObject::connect(
         tour, &ScreenshotTour::finished, tour,
@@ -63,12 +80,27 @@ int show(const HostOptions &options, DeviceAccess access)
         access = {{demo.deviceHost(), demo.devicePort()}, QStringLiteral("demo"), QStringLiteral("demo")};
     }
     HostScene scene(gate);
-    if (!scene.show(access, options.smallScreen))
+    if (!scene.show(access, options.smallScreen, options.size))
         return refuse(Failed, scene.error());
-    ScreenshotTour tour(scene.window(), options.screenshots);
-    if (!options.screenshots.isEmpty())
-        takePictures(&tour);
+    std::unique_ptr<ScreenshotTour> tour;
+    if (!options.tour.isEmpty()) {
+        tour = std::make_unique<ScreenshotTour>(
+            scene.window(), options.tour, stopsFor(options, SceneVisitor(scene.window()), demo.device()));
+        begin(tour.get());
+    }
     return QGuiApplication::exec();
+}
+
+/// The same, and a tour on which anything warned has failed.
+int showAndJudge(const HostOptions &options, const DeviceAccess &access)
+{
+    if (!options.tour.isEmpty())
+        WarningCount::begin();
+    const int status = show(options, access);
+    const int warnings = WarningCount::soFar();
+    if (status != Done || warnings == 0)
+        return status;
+    return refuse(Failed, QStringLiteral("The tour gave warnings: %1.").arg(warnings));
 }
 
 } // namespace
@@ -76,6 +108,7 @@ int show(const HostOptions &options, DeviceAccess access)
 int main(int argc, char **argv)
 {
     nameApplication();
+    hideScreenNotes();
     const HostOptions options = readOptions(argc, argv);
     if (options.next == HostOptions::Next::Refuse)
         return refuse(BadCall, options.text);
@@ -97,5 +130,5 @@ int main(int argc, char **argv)
     QObject::connect(&signalWatcher, &SignalWatcher::stopRequested, &application, &QCoreApplication::quit);
     ensureUniqueId();
     substituteFonts();
-    return show(options, access);
+    return showAndJudge(options, access);
 }

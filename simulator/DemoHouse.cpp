@@ -23,6 +23,13 @@ void showAirPlay(SourceState &source)
     source.airPlay.artist = Catalogue::coverArtist(airPlayCover);
 }
 
+// All but the last slot, in the order of the playlists.
+void fillPresets(DeviceState &state, const QVector<ShelfPlaylist> &playlists)
+{
+    for (int place = 0; place < qMin(state.playlistEntries.size() - 1, playlists.size()); ++place)
+        state.playlistEntries[place].ref = playlists.at(place).uri;
+}
+
 // Ten songs from all over the library, and two things that are no songs.
 QVector<CatalogueTrack> queueOf(const Catalogue &catalogue)
 {
@@ -112,7 +119,7 @@ bool DemoHouse::startMusicServers(DeviceState &state)
             showAirPlay(source);
     }
     if (!m_musicServers.isEmpty())
-        state.playlistEntries.first().ref = m_musicServers.first()->playlists()->playlists().constFirst().uri;
+        fillPresets(state, m_musicServers.first()->playlists()->playlists());
     return true;
 }
 

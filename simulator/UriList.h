@@ -15,7 +15,7 @@
  */
 namespace UriList {
 
-/// What the server answers to a value that is no list or has an entry without a scheme; nothing for a good one.
+/// What the server answers to a value that is no list (nor a table, whose keys count) or has an entry without a scheme; nothing for a good one.
 std::optional<RpcReply> refusal(const QJsonValue &value);
 
 QStringList uris(const QJsonValue &value); ///< of a good one

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int patience = 60000; // milliseconds
+constexpr int patience = 180000; // milliseconds: the longest tour, on a machine that is busy
 
 } // namespace
 

@@ -38,6 +38,17 @@ QStringList loginAt(DeviceSimulator *device)
     return device->messages().first().split(QLatin1Char('|'));
 }
 
+/// The status of a tour at a device, with the pictures in the host's folder "tour".
+int tourOf(DeviceSimulator *device, HostProcess *host)
+{
+    if (!device->listen())
+        return -1;
+    host->set("QT_QPA_PLATFORM"_s, "xcb"_s);
+    host->set("HALVORA_PASSWORD"_s, "x"_s);
+    return host->run({"--device"_s, numbered(device->host(), device->port()), "--user"_s, "a"_s, "--tour"_s,
+                      host->home() + "/tour"_s});
+}
+
 } // namespace
 
 /// halvora-host from outside: what it says, what it writes, how it ends.
@@ -50,6 +61,7 @@ private Q_SLOTS:
     void describesItself_data();
     void describesItself();
     void takesPicturesOfTheDemo();
+    void takesPicturesOfADevice();
     void logsInAtADevice_data();
     void logsInAtADevice();
     void asksForThePasswordWithoutShowingIt();
@@ -67,6 +79,7 @@ private Q_SLOTS:
     void namesAMissingModule();
     void refusesAFolderItCannotMake();
     void tellsWhichScreenDidNotCome();
+    void failsATourThatWarns();
 };
 
 void HostProcessTest::describesItself_data()
@@ -81,7 +94,8 @@ void HostProcessTest::describesItself_data()
                               "--mopidy <HOST:PORT>"_s,
                               "--language <CODE>"_s,
                               "--small-screen"_s,
-                              "--screenshots <DIR>"_s};
+                              "--size <WIDTHxHEIGHT>"_s,
+                              "--tour <DIR>"_s};
     QTest::newRow("--help") << "--help"_s << help;
     QTest::newRow("-h") << "-h"_s << help;
     QTest::newRow("--version") << "--version"_s << QStringList{"halvora-host " HALVORA_VERSION "\n"_s};
@@ -106,16 +120,38 @@ void HostProcessTest::takesPicturesOfTheDemo()
     HostProcess host;
     host.set("QT_QPA_PLATFORM"_s, "xcb"_s);
     const QDir folder(host.home() + "/a/b"_s);
-    const int status = host.run({"--demo"_s, "--screenshots"_s, folder.path()});
+    const int status = host.run({"--demo"_s, "--size"_s, "360x640"_s, "--tour"_s, folder.path()});
     QCOMPARE(host.err(), QString());
     QCOMPARE(status, 0);
+    QStringList stops;
     QVector<QImage> pictures;
-    for (const char *name : {"01-outputs.png", "02-by-source.png", "03-matrix.png", "04-player.png"}) {
-        const QImage picture(folder.filePath(QLatin1String(name)));
-        QCOMPARE(picture.size(), QSize(450, 710));
-        QVERIFY(!pictures.contains(picture));
+    const QStringList files = folder.entryList(QDir::Files, QDir::Name);
+    for (const QString &file : files) {
+        const QImage picture(folder.filePath(file));
+        QCOMPARE(picture.size(), QSize(360, 640));
+        QVERIFY2(!pictures.contains(picture), qPrintable(file));
         pictures.append(picture);
+        stops.append(file.chopped(4));
     }
+    QCOMPARE(stops.join(QLatin1Char(' ')),
+             "01-outputs 02-by-source 03-matrix 04-player 05-player-matrix 06-queue 07-queue-swiped "
+             "08-save-queue 09-equaliser 10-playlists 11-playlist-tracks 12-playlist-menu 13-rename-playlist "
+             "14-delete-playlist 15-preset-slots 16-new-playlist 17-library 18-albums 19-album 20-item-menu "
+             "21-playlist-chooser 22-search 23-search-filters 24-search-more 25-airplay "
+             "26-source-without-player 27-connection"_s);
+}
+
+void HostProcessTest::takesPicturesOfADevice()
+{
+    DeviceSimulator device;
+    DeviceState state = device.state();
+    for (SourceState &source : state.sources)
+        source.hasPlayer = false;
+    device.setState(state);
+    HostProcess host;
+    QCOMPARE(tourOf(&device, &host), 0);
+    QCOMPARE(host.err(), QString());
+    QCOMPARE(QDir(host.home() + "/tour"_s).entryList(QDir::Files).size(), 4);
 }
 
 void HostProcessTest::logsInAtADevice_data()
@@ -252,8 +288,15 @@ void HostProcessTest::refusesWrongOptions_data()
         << "--mopidy needs HOST:PORT, for example 127.0.0.1:6680, not \"127.0.0.1\"."_s;
     QTest::newRow("language") << QStringList{"--demo"_s, "--language"_s, "fr"_s}
                               << "--language knows en, de and it, not \"fr\"."_s;
+    for (const char *wrong :
+         {"360", "360x", "x640", "360x640x2", "360*640", "339x640", "360x519", "-360x640"}) {
+        const QString size = QString::fromLatin1(wrong);
+        QTest::newRow(wrong)
+            << QStringList{"--demo"_s, "--size="_s + size}
+            << "--size needs WIDTHxHEIGHT from 340x520 on, for example 360x640, not \"%1\"."_s.arg(size);
+    }
     QTest::newRow("folder without a name")
-        << QStringList{"--demo"_s, "--screenshots"_s, ""_s} << "--screenshots needs the name of a folder."_s;
+        << QStringList{"--demo"_s, "--tour"_s, ""_s} << "--tour needs the name of a folder."_s;
     QTest::newRow("argument") << QStringList{"--demo"_s, "more"_s} << "The argument \"more\" is not known."_s;
     QTest::newRow("option") << QStringList{"--demo"_s, "--password"_s} << "Unknown option 'password'."_s;
     QTest::newRow("no value") << QStringList{"--device"_s} << "Missing value after '--device'."_s;
@@ -339,7 +382,7 @@ void HostProcessTest::refusesAFolderItCannotMake()
 {
     HostProcess host;
     const QString folder = host.writeFile("file"_s, "x") + "/below"_s;
-    QCOMPARE(host.run({"--demo"_s, "--screenshots"_s, folder}), 1);
+    QCOMPARE(host.run({"--demo"_s, "--tour"_s, folder}), 1);
     QCOMPARE(host.err(), "halvora-host: The folder \"%1\" cannot be made.\n"_s.arg(folder));
 }
 
@@ -350,9 +393,21 @@ void HostProcessTest::tellsWhichScreenDidNotCome()
     HostProcess host;
     host.set("HALVORA_PASSWORD"_s, "x"_s);
     QCOMPARE(host.run({"--device"_s, numbered("127.0.0.1"_s, silent.serverPort()), "--user"_s, "a"_s,
-                       "--screenshots"_s, host.home()}),
+                       "--tour"_s, host.home()}),
              1);
     QCOMPARE(host.err(), "halvora-host: The screen \"01-outputs\" did not come.\n"_s);
+}
+
+// The device announces music servers that are not there: the player screen misses their song.
+void HostProcessTest::failsATourThatWarns()
+{
+    DeviceSimulator device;
+    HostProcess host;
+    QCOMPARE(tourOf(&device, &host), 1);
+    const QStringList said = host.err().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QVERIFY2(said.filter("TypeError"_s).size() == said.size() - 1, qPrintable(host.err()));
+    QCOMPARE(said.value(said.size() - 1), "halvora-host: The tour gave warnings: %1."_s.arg(said.size() - 1));
+    QCOMPARE(QDir(host.home() + "/tour"_s).entryList(QDir::Files).size(), 4);
 }
 
 QTEST_GUILESS_MAIN(HostProcessTest)
