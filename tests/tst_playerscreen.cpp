@@ -128,7 +128,7 @@ QStringList look(const ClientWindow &client)
 {
     QStringList look = client.texts().mid(2); // the captions
     const QQuickItem *cover = client.item("CoverImgView"_s);
-    look << (cover                            ? stem(cover->property("coverSource"))
+    look << (cover                                ? stem(cover->property("coverSource"))
                  : client.item("SourceImgView"_s) ? "source"_s
                                                   : "nothing"_s);
     QStringList buttons;
@@ -302,13 +302,19 @@ QVector<Situation> situations()
     return {
         {"song", [](ClientWindow *) {}, {"Music"_s, first.name, firstLine, "cover"_s, playing}},
         {"song without album",
-         [](ClientWindow *client) { playOther(client, [](CatalogueTrack *track) { track->albumName.clear(); }); },
+         [](ClientWindow *client) {
+             playOther(client, [](CatalogueTrack *track) { track->albumName.clear(); });
+         },
          {"Music"_s, other.name, artists(other), "cover"_s, playing}},
         {"song without artist",
-         [](ClientWindow *client) { playOther(client, [](CatalogueTrack *track) { track->artists.clear(); }); },
+         [](ClientWindow *client) {
+             playOther(client, [](CatalogueTrack *track) { track->artists.clear(); });
+         },
          {"Music"_s, other.name, other.albumName, "cover"_s, playing}},
         {"song without picture",
-         [](ClientWindow *client) { playOther(client, [](CatalogueTrack *track) { track->uri = "local:x"_s; }); },
+         [](ClientWindow *client) {
+             playOther(client, [](CatalogueTrack *track) { track->uri = "local:x"_s; });
+         },
          {"Music"_s, other.name, albumLine(other), "defaultcoverart_0"_s, playing}},
         {"paused and mute, with repeat and shuffle",
          [](ClientWindow *client) {
@@ -378,7 +384,8 @@ void PlayerScreenTest::looks()
     const Situation situation = situations().at(which);
     ClientWindow client;
     QVERIFY(client.showPlayer());
-    QTRY_VERIFY(look(client).contains("cover"_s)); // a picture that comes late is shown over what came after it
+    QTRY_VERIFY(
+        look(client).contains("cover"_s)); // a picture that comes late is shown over what came after it
     situation.come(&client);
     QTRY_COMPARE(look(client), QStringList{"Terrace"_s} + situation.look);
     const QQuickItem *volume = client.item("HorizontalSlider"_s);
@@ -602,7 +609,8 @@ void PlayerScreenTest::routesMoveBehindAnotherTab()
     const CatalogueTrack track = client.server.playback()->current().track;
     QTRY_COMPARE(client.texts().filter(track.name).size(), 3);
     client.selectTab(1);
-    const QString buttons = "library library_search pause repeat prev next shuffle queue playlists equilizer mute_0"_s;
+    const QString buttons =
+        "library library_search pause repeat prev next shuffle queue playlists equilizer mute_0"_s;
     QTRY_COMPARE(look(client),
                  (QStringList{"Kitchen"_s, "Music"_s, track.name, albumLine(track), "cover"_s, buttons}));
 }
@@ -641,6 +649,10 @@ void PlayerScreenTest::newPlayersAreShownAtOnce()
     QTRY_VERIFY(client.showsText(server.playback()->current().track.name));
     client.selectTab(0);
     QTRY_VERIFY(!client.texts().filter(server.playback()->current().track.name).isEmpty());
+    // The earlier player lives on: what it still has to say must not come when the scene has gone.
+    server.stopListening();
+    server.dropAll();
+    QTRY_COMPARE(server.liveSockets(), 0);
 }
 
 // Its errors end up on the console, and the screen stays as it was until there is a song.
@@ -651,7 +663,8 @@ void PlayerScreenTest::playerWithoutASongKeepsWhatWasShown()
     const QRegularExpression error("TypeError: Cannot read property 'currTimeChanged' of null"_s);
     QTest::ignoreMessage(QtWarningMsg, error);
     client.click({50, 65 + 45});
-    const QString buttons = "library library_search play repeat prev next shuffle queue playlists "_s + always;
+    const QString buttons = "library library_search play repeat prev next shuffle queue playlists "_s
+        + always;
     QTRY_COMPARE(look(client), (QStringList{"Terrace"_s, "Music"_s, QString(), buttons}));
     const CatalogueTrack first = client.server.catalogue().track(0);
     client.server.tracklist()->add({first});
