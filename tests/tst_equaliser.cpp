@@ -17,7 +17,7 @@ private Q_SLOTS:
     void initTestCase() { PlayerTiming::current() = {50, 25, 50}; }
 
     // What works
-    void opensAndCloses();
+    void groundLetsNothingThrough();
     void buttonClosesToo();
     void dragsReachTheDevice_data();
     void dragsReachTheDevice();
@@ -75,7 +75,7 @@ QPoint dragUp(ClientWindow *client, int band)
 
 } // namespace
 
-void EqualiserTest::opensAndCloses()
+void EqualiserTest::groundLetsNothingThrough()
 {
     ClientWindow client;
     QVERIFY(client.showPlayer());
@@ -87,10 +87,6 @@ void EqualiserTest::opensAndCloses()
     client.click({30, 302 + 20});
     QTRY_COMPARE(equaliser->y(), 640.0);
     QCOMPARE(client.commands(), QStringList());
-    QVERIFY(open(&client));
-    client.selectTab(0);
-    client.selectTab(1);
-    QTRY_COMPARE(equaliser->y(), 640.0);
 }
 
 // In a window so low that the open equaliser leaves some of its button free, and no room for a cover.

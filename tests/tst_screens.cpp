@@ -11,8 +11,8 @@
 #include <QQmlEngine>
 
 /**
- * The two screens as a person uses them: mouse events on a real window, and what then reaches the device and the
- * music server.
+ * The outputs screen as a person uses it, and what both screens have in common: mouse events on a real window, and
+ * what then reaches the device. The player screen has a suite of its own.
  */
 class ScreensTest final : public Suite
 {
@@ -25,19 +25,12 @@ private Q_SLOTS:
     void outputsShowTheDevice();
     void clicksReachTheDevice_data();
     void clicksReachTheDevice();
-    void clicksReachTheMusicServer_data();
-    void clicksReachTheMusicServer();
     void groupsBySource();
     void bandsMoveTheirSource();
     void matrixOpensAndCloses();
     void matrixFollowsTheDevice();
-    void playerShowsItsOutput();
-    void playerFollowsRoutes();
-    void matrixOfThePlayerSelects();
     void coversAreDrawn();
-    void progressAdvances();
-    void airPlayTakesOver();
-    void newPlayersAreShownAtOnce();
+    void airPlayTakesOverTheRow();
     void startOrders_data();
     void startOrders();
 
@@ -135,36 +128,6 @@ void ScreensTest::clicksReachTheDevice()
     QTRY_COMPARE(client.commands(), QStringList{"UI_COMMAND|"_s + command});
 }
 
-void ScreensTest::clicksReachTheMusicServer_data()
-{
-    QTest::addColumn<int>("button"); // from the left: repeat, previous, play, next, shuffle
-    QTest::addColumn<bool>("playing");
-    QTest::addColumn<QString>("method");
-    QTest::newRow("repeat") << 0 << true << "core.tracklist.set_repeat"_s;
-    QTest::newRow("previous") << 1 << true << "core.playback.previous"_s;
-    QTest::newRow("pause") << 2 << true << "core.playback.pause"_s;
-    QTest::newRow("resume") << 2 << false << "core.playback.resume"_s;
-    QTest::newRow("next") << 3 << true << "core.playback.next"_s;
-    QTest::newRow("shuffle") << 4 << true << "core.tracklist.set_random"_s;
-}
-
-void ScreensTest::clicksReachTheMusicServer()
-{
-    QFETCH(int, button);
-    QFETCH(bool, playing);
-    QFETCH(QString, method);
-    static const int places[] = {40, 65 + 64 - 25 + 25, 225, 450 - 65 - 64, 410};
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
-    if (!playing)
-        client.server.playback()->pause();
-    const QString picture = playing ? "pause.png"_s : "play.png"_s;
-    QTRY_VERIFY(client.item("PlayButton"_s)->property("imgSource").toString().endsWith(picture));
-    client.server.clearRequests();
-    client.click({places[button], 495});
-    QTRY_COMPARE(client.server.requestCount(method), 1);
-}
-
 void ScreensTest::groupsBySource()
 {
     ClientWindow client;
@@ -241,53 +204,6 @@ void ScreensTest::matrixFollowsTheDevice()
     QCOMPARE(client.item("MatrixPopup"_s)->property("selectedOutput").toInt(), -1);
 }
 
-void ScreensTest::playerShowsItsOutput()
-{
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
-    QCOMPARE(client.playerButtonCalls(), 1);
-    const CatalogueTrack track = client.server.playback()->current().track;
-    const QStringList texts = client.texts();
-    for (const QString &text : {"Output"_s, "Source"_s, "Terrace"_s, "Music"_s, track.name})
-        QVERIFY2(texts.contains(text), qPrintable(text));
-    QCOMPARE(client.item("HorizontalSlider"_s)->property("value").toInt(), 40);
-    client.forgetCommands();
-    client.click(centreOf(client.item("HorizontalSlider"_s)));
-    client.click({410, 603});
-    QTRY_COMPARE(client.commands(), (QStringList{"UI_COMMAND|2000|100|3|50"_s, "UI_COMMAND|2001|100|3|1"_s}));
-}
-
-void ScreensTest::playerFollowsRoutes()
-{
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
-    client.device.setRoute(3, 9);
-    QTRY_VERIFY(client.showsText("Radio"_s));
-    QVERIFY(client.item("SourceImgView"_s) && !client.item("CoverImgView"_s));
-    client.device.setRoute(3, -1);
-    QTRY_VERIFY(!client.item("SourceImgView"_s));
-    QVERIFY(!client.item("CoverImgView"_s) && !client.showsText("Radio"_s));
-    client.device.setRoute(3, 2);
-    QTRY_VERIFY(client.item("CoverImgView"_s));
-    QVERIFY(client.showsText(client.server.playback()->current().track.name));
-}
-
-void ScreensTest::matrixOfThePlayerSelects()
-{
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
-    client.click({225, 40});
-    QQuickItem *matrix = client.item("MatrixPopup"_s);
-    QTRY_COMPARE(matrix->y(), 75.0);
-    QCOMPARE(matrix->property("selectedOutput").toInt(), 0);
-    client.forgetCommands();
-    client.click(cellAt(2, 1) + QPoint(0, 10));
-    QTRY_COMPARE(client.commands(), QStringList{"UI_COMMAND|2003|100|12@9"_s});
-    client.click({60, 75 + 150 + 50 + 25}); // the title of output 7
-    QTRY_VERIFY(client.showsText("Kitchen"_s) && client.item("SourceImgView"_s));
-    QTRY_COMPARE(matrix->y(), 640.0);
-}
-
 void ScreensTest::coversAreDrawn()
 {
     ClientWindow client;
@@ -313,45 +229,15 @@ void ScreensTest::coversAreDrawn()
     QTRY_COMPARE(client.pixel({10, 85}), QColor(20, 102, 30));
 }
 
-void ScreensTest::progressAdvances()
-{
-    ClientWindow client;
-    client.server.playback()->setTimeScale(50);
-    QVERIFY(client.showPlayer());
-    const auto progress = [&] { return client.item("CoverImgView"_s)->property("progress").toReal(); };
-    QTRY_VERIFY(progress() > 0);
-    const qreal before = progress();
-    QTRY_VERIFY(progress() > before && progress() <= 1);
-}
-
-void ScreensTest::airPlayTakesOver()
+void ScreensTest::airPlayTakesOverTheRow()
 {
     ClientWindow client;
     QVERIFY(client.showPlayer());
     const QString song = client.server.playback()->current().track.name;
-    client.device.setAirPlay(2, {true, "Tide"_s, "Shore"_s, "Ann"_s, {}});
-    QTRY_VERIFY(client.showsText("Tide"_s) && client.showsText("Shore - Ann"_s));
-    QVERIFY(!client.item("PlayButton"_s) && !client.showsText(song));
     client.selectTab(0);
+    client.device.setAirPlay(2, {true, "Tide"_s, "Shore"_s, "Ann"_s, {}});
     QTRY_VERIFY(client.showsText("Tide - Ann"_s));
     client.device.setAirPlay(2, {});
-    QTRY_VERIFY(!client.texts().filter(song).isEmpty());
-}
-
-void ScreensTest::newPlayersAreShownAtOnce()
-{
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
-    MusicServerSimulator other{Catalogue(9)};
-    QVERIFY(other.listen());
-    other.tracklist()->add({other.catalogue().track(30)});
-    other.playback()->play();
-    QVector<SourceState> sources = client.device.state().sources;
-    sources[0].port = QString::number(other.port());
-    client.device.setSources(sources);
-    const QString song = other.playback()->current().track.name;
-    QTRY_VERIFY(client.showsText(song));
-    client.selectTab(0);
     QTRY_VERIFY(!client.texts().filter(song).isEmpty());
 }
 

@@ -142,12 +142,14 @@ PlayerView {
         playlistButton.visible = show
     }
 
+    // Also behind another tab, where nothing of this counts as visible, whatever it is set to.
     function showSource(source, songReaction) {
+        var hasPlayer = source !== null && source.player !== null
         topBar.sourceName = source ? source.name : ""
-        playerView.visible = source !== null && source.player !== null
-        sourceView.visible = source !== null && source.player === null
-        showLists(playerView.visible)
-        if (!playerView.visible)
+        playerView.visible = hasPlayer
+        sourceView.visible = source !== null && !hasPlayer
+        showLists(hasPlayer)
+        if (!hasPlayer)
             return
         eachConnection(source.player, songReaction, function (event, reaction) { event.connect(reaction) })
         songReaction()
@@ -295,7 +297,7 @@ PlayerView {
         trackHeight: 8
         knobHeight: 20
         onNewValueToSend: {
-            if (root.selectedOutput)
+            if (root.halvora && root.selectedOutput)
                 root.halvora.actionSetVolumeForOutput(value, root.selectedOutput.index)
         }
     }
