@@ -166,11 +166,14 @@ PlayerView {
         showSource(currentSource(), updateTrack)
     }
 
-    // For a player that has a song. Without one it ends at its first line, in an error on the console, and what was
-    // shown before stays.
+    // For a player that has a song. Without one it ends in an error on the console, and what was shown before stays.
+    // A player from before a route change may still speak when there is none to show.
     function onCurrentSongChanged() {
-        currentPlayer().currentSong.currTimeChanged.connect(updateTrackTime)
-        showLists(!currentPlayer().airPlay)
+        var player = currentPlayer()
+        if (!player)
+            return
+        player.currentSong.currTimeChanged.connect(updateTrackTime)
+        showLists(!player.airPlay)
         updateTrackInfo()
         updateTrackImage()
         updateTrackTime()
