@@ -18,8 +18,15 @@ class Suite : public QObject
 {
     Q_OBJECT
 
+protected:
+    /// Warnings that contain `part` may come in this test function, any number of them, or none.
+    void allow(const QByteArray &part) { m_allowed.append(part); }
+
 private Q_SLOTS:
     void cleanup();
+
+private:
+    QByteArrayList m_allowed;
 };
 
 /// Runs the suite that `make` returns, without a screen, in a home directory and a settings scope that are made for
