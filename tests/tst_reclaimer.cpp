@@ -67,6 +67,8 @@ void ReclaimerTest::listsDoNotGrow_data()
     QTest::addColumn<Replace>("replace");
     const QJsonValue queue = rows(R"({"tlid":#,"track":{"uri":"q:#","name":"N"}})"_s, 500);
     QTest::newRow("queue") << Replace([=] { m_player.updateQueue(queue); });
+    const QJsonValue numberless = rows(R"({"track":{"uri":"q:#","name":"N"}})"_s, 500);
+    QTest::newRow("queue without numbers") << Replace([=] { m_player.updateQueue(numberless); });
     const QJsonValue playlists = rows(R"({"uri":"p:#","name":"P"})"_s, 500);
     QTest::newRow("playlists") << Replace([=] { m_player.updatePlaylists(playlists); });
     QTest::newRow("current song") << Replace([this] {

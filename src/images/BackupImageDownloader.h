@@ -12,7 +12,7 @@ class PlayerItem;
 class QNetworkReply;
 
 /**
- * Asks the Last.fm web service where pictures are for items to which the music server has none. It fetches no
+ * Finds out, by Last.fm, where there are pictures of items to which the music server has none. It fetches no
  * picture: it fills the items' `images`, and emits none of their signals.
  *
  * One object serves one batch, in a thread of its own, and frees itself in the GUI thread behind
@@ -37,8 +37,9 @@ public:
     explicit BackupImageDownloader(QObject *parent);
     ~BackupImageDownloader() override;
 
-    /// Sends the requests for tracks and albums; to be called once, in the GUI thread. Of items with the same
-    /// artist and album the last one gets the answer. An empty list is done at once.
+    /// Sends a request for each item, with empty names for what is neither track nor album; to be called once, in
+    /// the GUI thread. Of items with the same artist and album the last one gets the answer. An empty list is done at
+    /// once.
     void requestImages(const QList<PlayerItem *> &items);
 
 Q_SIGNALS:

@@ -7,6 +7,7 @@
 #include "images/ImageDownloader.h"
 #include "navigation/BrowseReference.h"
 #include "navigation/QmlItem.h"
+#include "navigation/RowReach.h"
 #include "player/Album.h"
 #include "player/ListProperty.h"
 #include "player/TrackParser.h"
@@ -17,8 +18,6 @@
 #include <limits>
 
 namespace {
-
-constexpr int reach = 10; // rows on either side of what is on show
 
 // Such rows show their name alone.
 bool isContainer(const QString &type)
@@ -41,12 +40,6 @@ bool canFallBack(const PlayerItem *item)
         return !song->album().isEmpty() || !song->artistsString().isEmpty();
     const auto *album = qobject_cast<const Album *>(item);
     return album && !album->artistsString().isEmpty();
-}
-
-void appendOnce(QStringList *uris, const QString &uri)
-{
-    if (!uris->contains(uri))
-        uris->append(uri);
 }
 
 // The row that an entry of a lookup's answer speaks of. That of an album may be one of its tracks.
@@ -171,8 +164,8 @@ void BrowseListView::requireLookup(int startIndex, int endIndex)
         if (isContainer(type))
             return;
         // Not rebased for the sections that follow: a range across sections serves each from its own rows.
-        start = qMax(start - reach, 0);
-        end = qMin(end + reach, count);
+        start = qMax(start - RowReach::rows, 0);
+        end = qMin(end + RowReach::rows, count);
         if (section)
             requestMissing(type, *section, start, end);
     }
@@ -181,14 +174,12 @@ void BrowseListView::requireLookup(int startIndex, int endIndex)
 void BrowseListView::requestMissing(const QString &type, const SectionItems &section, int start, int end)
 {
     QStringList lookupUris;
-    QStringList imageUris;
     for (int i = start; i < end; ++i) {
         const PlayerItem *item = section.items.at(i);
         if (lacksDetails(item))
-            appendOnce(&lookupUris, item->uri());
-        if (item->images->isEmpty())
-            appendOnce(&imageUris, item->uri());
+            RowReach::appendOnce(&lookupUris, item->uri());
     }
+    const QStringList imageUris = RowReach::withoutPictures(section.items, start, end);
     if (!lookupUris.isEmpty())
         Q_EMIT lookup(newReference(type, lookupUris));
     if (!imageUris.isEmpty())

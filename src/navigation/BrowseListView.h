@@ -11,10 +11,9 @@
 #include <QQmlListProperty>
 
 /**
- * A screen of the music library: the rows of a directory, an album, a playlist or a search, grouped by their type.
- * Rows arrive with key, name and type alone; album, artists, length and pictures are asked for when their rows come
- * near what is on show. The view talks to no server: it asks by its signals, and a controller answers by the calls
- * below. "qrc:/Qml/BrowseList.qml" gives it its looks.
+ * One list of the library on the screen, with a section for each type of rows. Rows arrive with key, name and type
+ * alone; album, artists, length and pictures are asked for when their rows come near what is on show. It asks by its
+ * signals, knows no player, and gets its answers by the calls below. "qrc:/Qml/BrowseList.qml" gives it its looks.
  *
  * Made from that file by a controller or another view, in the GUI thread. It shares its sections with other views.
  */

@@ -20,7 +20,7 @@ class BrowseReference final : public QObject
 public:
     using QObject::QObject;
 
-    QString type;           ///< row type of the section that asked, "" by default
+    QString type;           ///< the section's key, "" by default
     QStringList uris;       ///< keys of the rows
     QPointer<QObject> view; ///< the BrowseListView that asked; null when it is gone
 };

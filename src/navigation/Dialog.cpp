@@ -12,6 +12,7 @@ QQuickItem *Dialog::open(const QObject *owner, const QString &file, QQuickItem *
     auto *dialog = newQmlItem<QQuickItem>(owner, file);
     if (!dialog)
         return nullptr;
+    dialog->setParent(screen); // one that is still open ends with the screen
     dialog->setParentItem(screen);
     dialog->setProperty("headTitle", texts.headTitle);
     dialog->setProperty("bodyMessage", texts.bodyMessage);

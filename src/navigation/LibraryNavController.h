@@ -31,10 +31,10 @@ public:
     Q_INVOKABLE void browsePlayAfterIndex(int responseId, QJsonValue v);
     /// The tracks of an album that is to be added to a playlist. Anything but a list adds nothing.
     Q_INVOKABLE void albumBrowseReceived(QJsonValue v);
-    /// Does what the menu's key says ("It_PlayNow", ...) with a row of the list on top; keys that end in "_All" mean
-    /// that row and those after it in its section. Unknown keys do nothing.
+    /// Does what the menu's key says ("It_PlayNow", ...) with a row of the list on top; keys that end in "_All" take
+    /// the rest of its section along. Unknown keys do nothing.
     Q_INVOKABLE void menuActionForItem(QString action, PlayerItem *item);
-    /// Adds a row, or with "_All" also those after it, to the playlist `uri`.
+    /// Adds a row, or with "_All" the rest of its section too, to the playlist `uri`.
     Q_INVOKABLE void menuActionForItemPL(QString action, PlayerItem *item, QString uri);
 
 Q_SIGNALS:

@@ -6,6 +6,8 @@
 #include "images/ImageRequest.h"
 #include "player/HalvoraPlayer.h"
 
+#include <limits>
+
 ListNavController::ListNavController(QQuickItem *parent) : NavigationController(parent) { }
 
 ListNavController::~ListNavController()
@@ -111,7 +113,8 @@ void ListNavController::addAtPosition(int responseId, const QJsonValue &v, bool 
         return;
     const QStringList uris = waiting.value();
     m_pendingPlay.erase(waiting);
+    constexpr int atLargest = std::numeric_limits<int>::max(); // nothing comes behind it
     const int current = v.toInt(-1);
     if (m_player)
-        m_player->actionPlayAdd(uris, current == -1 ? -1 : current + 1, play);
+        m_player->actionPlayAdd(uris, current == -1 || current == atLargest ? -1 : current + 1, play);
 }

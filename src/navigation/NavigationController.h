@@ -13,8 +13,8 @@
  * once, and keep the size that they were given when they were placed.
  *
  * Made by a pop-up's QML, in the GUI thread. It destroys the views that it pops and no others; its own end
- * destroys none. initNavigationBar() comes before initRootView() and before the first push. Without a bar, which
- * only a broken resource set can cause, no view can be placed.
+ * destroys none, which is up to its subclasses. A bar has to be made before views can be placed: without one, which
+ * only a broken resource set can cause at that point, they are not.
  */
 class NavigationController : public QQuickItem
 {

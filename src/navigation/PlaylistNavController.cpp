@@ -6,13 +6,8 @@
 #include "images/ImageDownloader.h"
 #include "navigation/Dialog.h"
 #include "navigation/QmlItem.h"
+#include "navigation/RowReach.h"
 #include "player/TrackParser.h"
-
-namespace {
-
-constexpr int reach = 10; // rows on either side of what is on show
-
-} // namespace
 
 void PlaylistNavController::setCurrHalvora(Halvora *currHalvora)
 {
@@ -103,24 +98,21 @@ void PlaylistNavController::requireLookup(int startIndex, int endIndex)
     if (!player())
         return;
     const QList<PlayerItem *> &playlists = player()->playlistItems();
-    const int end = qMin(endIndex + reach, playlists.size());
-    QStringList uris;
-    for (int i = qMax(startIndex - reach, 0); i < end; ++i) {
-        const PlayerItem *playlist = playlists.at(i);
-        if (playlist->images->isEmpty() && !uris.contains(playlist->uri()))
-            uris.append(playlist->uri());
-    }
+    const QStringList uris = RowReach::withoutPictures(playlists, qMax(startIndex - RowReach::rows, 0),
+                                                       qMin(endIndex + RowReach::rows, playlists.size()));
     if (!uris.isEmpty())
         player()->actionLookupImages(uris, this, "playlistImagesReceived");
 }
 
 void PlaylistNavController::playlistImagesReceived(QJsonValue v)
 {
-    if (!v.isObject() || !player())
+    if (!v.isObject())
         return;
     const QJsonObject picturesByUri = v.toObject();
     for (auto it = picturesByUri.begin(); it != picturesByUri.end(); ++it) {
-        PlayerItem *playlist = player()->playlistItems().value(player()->playlistPosition(it.key()));
+        PlayerItem *playlist = player()
+            ? player()->playlistItems().value(player()->playlistPosition(it.key()))
+            : nullptr;
         const QJsonArray pictures = it.value().toArray();
         if (playlist && !pictures.isEmpty())
             TrackParser::setImages(playlist, pictures);

@@ -33,7 +33,7 @@ public:
     /// Makes the bar, with the button "Add" for a new playlist.
     Q_INVOKABLE void initNavigationBar();
     Q_INVOKABLE void initRootView() override;
-    /// Pictures of playlists. What is asked for a key that is no playlist's goes to the first one.
+    /// Pictures of playlists. What comes for a key that is no playlist's goes to the first one.
     Q_INVOKABLE void playlistImagesReceived(QJsonValue v);
     /// Does what the menu's key says with a playlist; unknown keys do nothing.
     Q_INVOKABLE void menuActionForItem(QString action, PlayerItem *item);

@@ -8,7 +8,7 @@
 #include <QQmlEngine>
 
 /// Makes the root object of a QML file of the resources in the engine and the context of `maker`; the caller owns it.
-/// Null when the file cannot be read or its root is no `Item`: nothing is reported.
+/// Null when the file cannot be read or its root is no `Item`: nothing is reported. GUI thread.
 template<typename Item>
 Item *newQmlItem(const QObject *maker, const QString &file)
 {

@@ -26,7 +26,7 @@ public:
     QList<PlayerItem *> items; ///< the rows, in the server's order
 
     void acquire() { ++m_users; }
-    /// For each acquire(), and once for a section that nobody has acquired.
+    /// For each acquire(), and once for a section that nobody has acquired. The last one drops the section and its rows.
     void release();
 
     /// Adds a row at the end of both lists.

@@ -27,6 +27,8 @@ void HalvoraPlayer::updateQueue(QJsonValue v)
         uris.append(song->uri());
         const int tlid = entry.value(QLatin1String("tlid")).toJsonValue().toInt();
         // Servers number in order, so each entry goes to the end of the map, or near it.
+        if (!m_queueMap.isEmpty() && m_queueMap.lastKey() >= tlid)
+            Reclaimer::drop(m_queueMap.value(tlid)); // a number twice
         m_queueMap.insert(m_queueMap.cend(), tlid, song);
     }
     Q_EMIT queueChanged();

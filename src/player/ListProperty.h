@@ -5,7 +5,8 @@
 
 #include <QQmlListProperty>
 
-/// `list` of `owner` as QML sees it, with Qt's own append, count, at and clear.
+/// `list` of `owner` as QML sees it, with Qt's own append, count, at and clear. GUI thread; both outlive whatever shows
+/// the list.
 template<typename T>
 QQmlListProperty<T> listProperty(QObject *owner, QList<T *> *list)
 {

@@ -10,8 +10,8 @@
  * One entry of a music server's library or queue: what QML shows of a directory, a playlist or an artist, and
  * the base of Song and Album.
  *
- * Made by whoever parses the server's answer, without a parent, in the GUI thread, and never deleted by the list
- * it stands in: a delegate may still show an item that its list has dropped.
+ * Made by whoever parses the server's answer, without a parent, in the GUI thread. A list that drops it hands it to
+ * Reclaimer, as a delegate may still show it; who keeps one beyond that holds a QPointer.
  */
 class PlayerItem : public QObject
 {

@@ -54,7 +54,7 @@ public:
     /// Key of the album, "" by default.
     QString albumUri() const { return details().albumUri; }
     void setAlbumUri(const QString &albumUri);
-    /// Text shown as album, "" by default: its name or, for podcasts, its comment.
+    /// What is shown as album, "" by default. A podcast shows what its album says about itself.
     QString album() const { return details().album; }
     void setAlbum(const QString &album);
     /// Keys of the artists. Not parallel to artists(): an artist may lack either.

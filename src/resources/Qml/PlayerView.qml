@@ -195,12 +195,15 @@ PlayerView {
         return first !== "" && second !== "" ? first + " - " + second : first + second
     }
 
+    // On AirPlay, as the player says itself: a binding may still be one step behind.
+    function onAirPlay(player) {
+        return player ? player.airPlay : false
+    }
+
     function updateTrackInfo() {
         var player = currentPlayer()
-        if (!player)
-            return
-        var song = player.currentSong
-        if (player.airPlay) {
+        var song = player ? player.currentSong : null
+        if (onAirPlay(player)) {
             playerView.title = player.airPlayTrack
             playerView.albumLine = joined(player.airPlayAlbum, player.airPlayArtist)
         } else {
@@ -211,20 +214,20 @@ PlayerView {
 
     function updateTrackImage() {
         var player = currentPlayer()
-        if (!player)
-            return
-        var uri = player.airPlay ? player.airPlayImage : player.currentSong ? player.currentSong.mediumImgPath : ""
+        var song = player ? player.currentSong : null
+        var airPlay = onAirPlay(player)
+        var uri = airPlay ? player.airPlayImage : song ? song.mediumImgPath : ""
         if (uri !== "")
             requestImage(uri, playerView.cover)
         else
-            playerView.cover.coverSource = picture((player.airPlay ? "airplay_sel" : "defaultcoverart") + currentTheme.imgSuffix)
+            playerView.cover.coverSource = picture((airPlay ? "airplay_sel" : "defaultcoverart") + currentTheme.imgSuffix)
     }
 
     function updateTrackTime() {
         var player = currentPlayer()
-        if (!player || player.airPlay)
+        if (onAirPlay(player))
             return
-        var song = player.currentSong
+        var song = player ? player.currentSong : null
         playerView.cover.progress = song && song.duration > 0 ? song.currTime / song.duration : 0
     }
 

@@ -3,7 +3,6 @@
 
 import QtQuick 2.0
 import QtQuick.Controls 1.2
-import QtQuick.Controls.Styles 1.2
 import "Elements"
 
 // Asks for the name of a new playlist, or for the new name of the one called `playlistUri`.
@@ -24,29 +23,18 @@ ModalDialog {
     }
     onCancelClicked: close(root)
 
-    TextField {
+    KeyboardField {
         id: field
 
-        onActiveFocusChanged: {
-            if (activeFocus) {
-                root.requireKeyboard(field)
-            } else {
-                Qt.inputMethod.hide()
-                root.dismissKeyboard()
-            }
-        }
+        onRequireKeyboard: root.requireKeyboard(textF)
+        onDismissKeyboard: root.dismissKeyboard()
         onAccepted: focus = false
 
         width: parent.width
-        height: 35
-        font { family: "Arial Unicode MS"; pixelSize: 20 }
-
-        style: TextFieldStyle {
-            textColor: "black"
-            background: Rectangle {
-                color: "transparent"
-                border { width: 1; color: "lightgray" }
-            }
+        font.pixelSize: 20
+        ground: Rectangle {
+            color: "transparent"
+            border { width: 1; color: "lightgray" }
         }
     }
 }

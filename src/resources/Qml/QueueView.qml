@@ -4,6 +4,7 @@
 import QtQuick 2.0
 import com.kestrum.logic 1.0
 import "Elements"
+import "Elements/pictures.js" as Pictures
 
 // The queue of one player. Its parent fetches the pictures, by requestImage(uri, item).
 SlidingPanel {
@@ -23,17 +24,10 @@ SlidingPanel {
         followed = null
     }
 
-    // A new model would send the list back to the row that plays, after each row that is removed below it.
+    // The list then stands at the row that plays.
     function loadQueue() {
-        var current = list.currentIndex
-        var place = list.contentY
         list.model = currentPlayer ? currentPlayer.queue : []
         updateSelection()
-        if (list.currentIndex !== current)
-            return
-        list.forceLayout()
-        list.contentY = place
-        list.returnToBounds()
     }
 
     function updateSelection() {
@@ -102,7 +96,7 @@ SlidingPanel {
                     return
                 textLabel = playerItem.name
                 detailTextLabel = playerItem.album + "\n" + playerItem.artistsString
-                imgSource = "qrc:/HalvoraImgs/Images/defaultcoverart" + currentTheme.imgSuffix + ".png"
+                imgSource = Pictures.accented("defaultcoverart", currentTheme)
                 if (playerItem.smallImgPath !== "")
                     root.parent.requestImage(playerItem.smallImgPath, this)
             }

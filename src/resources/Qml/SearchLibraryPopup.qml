@@ -25,13 +25,6 @@ SearchNavController {
     MoreMenu {
         id: menu
 
-        onClose: {
-            y = root.height
-            selectedItem = null
-        }
-
-        y: root.height
-        width: root.width
-        height: root.height
+        onClose: retire()
     }
 }

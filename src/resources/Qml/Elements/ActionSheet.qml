@@ -31,6 +31,15 @@ SlidingPanel {
         return quoted[key] === undefined ? text : text + " \"" + quoted[key] + "\""
     }
 
+    // Slides out; whoever opened it calls this on close().
+    function retire() {
+        y = parent.height
+        selectedItem = null
+    }
+
+    width: parent.width
+    height: parent.height
+
     DynamicTranslator {
         id: translator
     }

@@ -3,6 +3,7 @@
 
 import QtQuick 2.0
 import com.kestrum.logic 1.0
+import "pictures.js" as Pictures
 
 // A row of the library: a plain cell for what contains others, a cell with cover and details for tracks, albums and
 // artists. `navView` is the list's BrowseListView.
@@ -43,7 +44,7 @@ Item {
         if (imgPath !== "")
             navView.requestImage(imgPath, cellLoader.item)
         else
-            cellLoader.item.imgSource = "qrc:/HalvoraImgs/Images/defaultcoverart" + currentTheme.imgSuffix + ".png"
+            cellLoader.item.imgSource = Pictures.accented("defaultcoverart", currentTheme)
     }
 
     function cellClicked() {

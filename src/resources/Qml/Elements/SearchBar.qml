@@ -3,7 +3,6 @@
 
 import QtQuick 2.0
 import QtQuick.Controls 1.2
-import QtQuick.Controls.Styles 1.2
 import ".."
 
 // What to search for, and where.
@@ -25,31 +24,21 @@ Rectangle {
     height: 88
     color: currentTheme.menu
 
-    TextField {
+    KeyboardField {
         id: field
 
-        onActiveFocusChanged: {
-            if (activeFocus) {
-                root.requireKeyboard(field)
-            } else {
-                Qt.inputMethod.hide()
-                root.dismissKeyboard()
-            }
-        }
+        onRequireKeyboard: root.requireKeyboard(textF)
+        onDismissKeyboard: root.dismissKeyboard()
         Keys.onReturnPressed: {
             focus = false
             root.submit()
         }
 
         anchors { top: parent.top; topMargin: 4; left: parent.left; leftMargin: 5; right: searchButton.left; rightMargin: 5 }
-        height: 35
         font.pixelSize: 18
-        textColor: "black"
-        style: TextFieldStyle {
-            background: Rectangle {
-                radius: 5
-                color: "white"
-            }
+        ground: Rectangle {
+            radius: 5
+            color: "white"
         }
     }
 

@@ -3,8 +3,8 @@
 
 import QtQuick 2.0
 
-// A cell that can be swiped aside to the left where `removeEnabled` allows it: a button to delete it comes in. One
-// gesture does at most one thing, so a swipe is no click. Children go into the part that moves, below the touch
+// A cell that can be swiped aside to the left where `removeEnabled` allows it: a button to delete it comes in. A swipe
+// is no click, however it ends. Children go into the part that moves, below the touch
 // area unless their `z` is above 1.
 Item {
     id: root

@@ -42,6 +42,7 @@ Item {
     }
 
     MenuButton {
+        margin: 5
         onClicked: root.moreMenuRequested()
     }
 }

@@ -69,13 +69,6 @@ PlaylistNavController {
     PlaylistMoreMenu {
         id: menuPopup
 
-        onClose: {
-            y = root.height
-            selectedItem = null
-        }
-
-        y: root.height
-        width: root.width
-        height: root.height
+        onClose: retire()
     }
 }
