@@ -52,6 +52,7 @@ struct Studio
     void say(const QString &text);
     QStringList sent(); ///< what has arrived since the last call
     QStringList sentMethods();
+    QStringList asked(); ///< what has arrived, as method and parameters: "core.library.browse {"uri":null}"
 
     RawMusicServer server;
     HalvoraPlayer player;
