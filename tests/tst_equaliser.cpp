@@ -27,6 +27,7 @@ private Q_SLOTS:
 
     // What goes wrong
     void deviceDoesNotMoveAHeldSlider();
+    void bandStaysWhereItWasPutByADrag();
     void withoutAnOutputNothingIsSent();
 };
 
@@ -174,7 +175,8 @@ void EqualiserTest::openEqualiserFits()
     for (const QString &text : {"BASS 100Hz"_s, "MIDDLE 1kHz"_s, "TREBLE 10kHz"_s, "LOUDNESS"_s}) {
         const QQuickItem *label = client.itemWithText(text);
         const qreal half = label->property("contentWidth").toReal() / 2;
-        const QPointF centre = label->mapToScene({label->width() / 2, label->property("contentHeight").toReal()});
+        const QPointF centre = label->mapToScene(
+            {label->width() / 2, label->property("contentHeight").toReal()});
         QVERIFY2(centre.x() - half > right && centre.y() <= size.height(), qPrintable(text));
         right = centre.x() + half;
     }
@@ -202,6 +204,23 @@ void EqualiserTest::deviceDoesNotMoveAHeldSlider()
     client.release(end);
     QTRY_COMPARE(client.lastCommand(), "UI_COMMAND|2002|100|3|-9|%1|-9|-9"_s.arg(held));
     QTRY_COMPARE(afterEcho(tuned), tuned);
+}
+
+void EqualiserTest::bandStaysWhereItWasPutByADrag()
+{
+    ClientWindow client;
+    QVERIFY(client.showPlayer());
+    QVERIFY(open(&client));
+    client.release(dragUp(&client, 1));
+    const QQuickItem *fill = client.item("VerticalSlider"_s, 1)->childItems().first();
+    const qreal top = fill->y();
+    QTRY_VERIFY(client.device.state().outputs.first().middle > 4);
+    const auto valueAfter = [&](int middle) {
+        tune(&client, 3, {0, middle, 0, 0});
+        return shownValues(client).at(1);
+    };
+    QTRY_COMPARE(valueAfter(-15), -15);
+    QCOMPARE(fill->y(), top);
 }
 
 void EqualiserTest::withoutAnOutputNothingIsSent()

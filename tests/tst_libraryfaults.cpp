@@ -34,7 +34,6 @@ private Q_SLOTS:
     void directoriesAskForNothing();
     void searchAnswers();
     void searchAnswersUnderAnotherScreen();
-    void sectionsComeAndGo();
     void fallbackFindsThePicture();
 
     // What goes wrong
@@ -254,8 +253,8 @@ void LibraryFaultsTest::searchAnswers()
         {QJsonArray{found("a"_s, "x"_s), found("b"_s, "y"_s)}, "Tracks Show more... y y"_s},
         {QJsonArray{found("a"_s, six), found("b"_s, six)}, "Tracks Show more... a b c d e a b c d e"_s},
         {json(R"([{"tracks":[],"artists":[]}])"_s), QString()},
-        {json("[%1]"_s.arg(solo)), "Solo"_s},
-        {json("[]"_s), QString()},
+        {QJsonArray{found("a"_s, six), json(solo)},
+         "Tracks Show more... a b c d e Artists Show more... Solo"_s},
         {json("[%1]"_s.arg(solo)), "Solo"_s},
         {json(R"({"tracks":[1]})"_s), QString()},
         {json(R"([null,7,"tracks",[%1]])"_s.arg(solo)), QString()},
@@ -266,7 +265,8 @@ void LibraryFaultsTest::searchAnswers()
     QVERIFY(listener.start());
     answerSearches(&listener, QJsonArray());
     QVERIFY(listener.search("x"_s));
-    for (const auto &each : cases) {
+    for (int change = 0; change < 30; ++change) {
+        const auto &each = cases[change % std::size(cases)];
         QVERIFY(searchAgain(&listener, each.first));
         const auto names = [&] {
             QStringList texts;
@@ -278,6 +278,8 @@ void LibraryFaultsTest::searchAnswers()
         };
         QVERIFY2(Waiting::comes([&] { return names() == each.second; }),
                  qPrintable(textOf(each.first) + ": "_s + names()));
+        if (rowsOnTop(listener.client) > 5)
+            QVERIFY(pull(&listener.client, -100, false)); // another heading at the top
     }
 }
 
@@ -300,23 +302,6 @@ void LibraryFaultsTest::searchAnswersUnderAnotherScreen()
     QVERIFY(goBack(&listener));
     QTRY_VERIFY(rowsOf(client).contains("Late"_s));
     QCOMPARE(rowsOnTop(client), 1);
-}
-
-void LibraryFaultsTest::sectionsComeAndGo()
-{
-    Listener listener;
-    QVERIFY(listener.start());
-    const QJsonArray answers[] = {listener.results(6), {found("a"_s, "x"_s)}, {}, listener.results(1)};
-    const int rows[] = {7, 1, 0, 3};
-    answerSearches(&listener, answers[3]);
-    QVERIFY(listener.search("x"_s));
-    for (int round = 0; round < 32; ++round) {
-        const int which = round % 4;
-        QVERIFY(searchAgain(&listener, answers[which]));
-        QCOMPARE(rowsOnTop(listener.client), rows[which]);
-        if (which == 0)
-            QVERIFY(pull(&listener.client, -100, false)); // another heading at the top
-    }
 }
 
 // The service that knows pictures where the music server has none, by album.

@@ -503,8 +503,13 @@ void TestPlayer::serverIsFollowed()
     player.actionRemoveTrackFromQueue(2);
     QTRY_COMPARE(player.queueTlid().size(), 2);
     QCOMPARE(server.requestCount("core.tracklist.remove"_s), 2);
-    player.actionResetQueueWithUris({server.catalogue().track(4).uri});
-    QTRY_VERIFY(player.currentSong()->uri() == server.catalogue().track(4).uri);
+    player.actionResetQueueWithUris({server.catalogue().track(10).albumUri});
+    QTRY_VERIFY(player.currentSong()->uri() == server.catalogue().track(10).uri);
+    QTRY_COMPARE(player.queueTlid().size(), Catalogue::tracksPerAlbum);
+    server.setRemoveForm(RemoveForm::Tlid); // as servers of version 2 take it
+    player.actionRemoveTrackFromQueue(2);
+    QTRY_COMPARE(player.queueTlid().size(), Catalogue::tracksPerAlbum - 1);
+    QCOMPARE(server.requestCount("core.tracklist.remove"_s), 3);
     player.stopConnection();
     QTRY_COMPARE(server.liveSockets(), 0);
 }
