@@ -78,8 +78,7 @@ QPoint dragUp(ClientWindow *client, int band)
 
 void EqualiserTest::groundLetsNothingThrough()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     const QQuickItem *equaliser = client.item("Equalizer"_s);
     QCOMPARE(equaliser->y(), 640.0);
     QVERIFY(open(&client));
@@ -94,8 +93,7 @@ void EqualiserTest::groundLetsNothingThrough()
 void EqualiserTest::buttonClosesToo()
 {
     const QSize low(450, 340);
-    ClientWindow client;
-    QVERIFY(client.showOutputs());
+    OutputsWindow client;
     client.click(secondCover);
     QTRY_VERIFY(client.item("SourceImgView"_s));
     QVERIFY(open(&client));
@@ -120,8 +118,7 @@ void EqualiserTest::dragsReachTheDevice_data()
 void EqualiserTest::dragsReachTheDevice()
 {
     QFETCH(int, band);
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     tune(&client, 3, tuned);
     QTRY_COMPARE(shownValues(client), tuned);
     QVERIFY(open(&client));
@@ -166,8 +163,7 @@ void EqualiserTest::openEqualiserFits_data()
 void EqualiserTest::openEqualiserFits()
 {
     QFETCH(QSize, size);
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     client.view.resize(size);
     QTRY_COMPARE(client.item("PlayerView"_s)->size().toSize(), size);
     QVERIFY(open(&client));
@@ -189,8 +185,7 @@ void EqualiserTest::openEqualiserFits()
 
 void EqualiserTest::deviceDoesNotMoveAHeldSlider()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     QVERIFY(open(&client));
     const QPoint end = dragUp(&client, 1);
     const int held = shownValues(client).at(1);
@@ -208,8 +203,7 @@ void EqualiserTest::deviceDoesNotMoveAHeldSlider()
 
 void EqualiserTest::bandStaysWhereItWasPutByADrag()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     QVERIFY(open(&client));
     client.release(dragUp(&client, 1));
     const QQuickItem *fill = client.item("VerticalSlider"_s, 1)->childItems().first();

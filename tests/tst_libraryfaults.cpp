@@ -176,9 +176,8 @@ void LibraryFaultsTest::asksForRowsInReachAlone()
     constexpr int reach = 10;
     const QPair<int, bool> pulls[] = {{-360, false}, {-300, true}, {-30, false}, {300, false},
                                       {300, true},   {-300, true}}; // by a distance, with a flick
-    Listener listener{Catalogue(1, count)};
+    PlayingListener listener{Catalogue(1, count)};
     ClientWindow &client = listener.client;
-    QVERIFY(listener.start());
     client.click(Listener::libraryButton);
     QVERIFY(client.clickOn("Local media"_s));
     QVERIFY(listener.shows("Tracks"_s));
@@ -222,9 +221,8 @@ void LibraryFaultsTest::asksForRowsInReachAlone()
 
 void LibraryFaultsTest::directoriesAskForNothing()
 {
-    Listener listener;
+    PlayingListener listener;
     ClientWindow &client = listener.client;
-    QVERIFY(listener.start());
     QVERIFY(listener.openAlbums(0));
     QJsonArray rows;
     for (int i = 0; i < 12; ++i)
@@ -261,8 +259,7 @@ void LibraryFaultsTest::searchAnswers()
         {json(R"([{"tracks":7,"albums":%1}])"_s.arg(solo)), QString()},
         {json(R"([{"artists":[7,null]}])"_s), QString()},
     };
-    Listener listener;
-    QVERIFY(listener.start());
+    PlayingListener listener;
     answerSearches(&listener, QJsonArray());
     QVERIFY(listener.search("x"_s));
     for (int change = 0; change < 30; ++change) {
@@ -285,9 +282,8 @@ void LibraryFaultsTest::searchAnswers()
 
 void LibraryFaultsTest::searchAnswersUnderAnotherScreen()
 {
-    Listener listener;
+    PlayingListener listener;
     ClientWindow &client = listener.client;
-    QVERIFY(listener.start());
     answerSearches(&listener, listener.results(6));
     QVERIFY(listener.search("x"_s));
     QVERIFY(listener.shows(listener.details(album)));
@@ -492,9 +488,8 @@ void LibraryFaultsTest::wrongAnswers()
 // A row that is none of ours between two that are: what it shows, and what a tap on it sends.
 void LibraryFaultsTest::hostileRows()
 {
-    Listener listener;
+    PlayingListener listener;
     ClientWindow &client = listener.client;
-    QVERIFY(listener.start());
     QVERIFY(listener.openAlbums(0));
     const QString twin = listener.track(1).uri;
     struct Case
@@ -548,9 +543,8 @@ void LibraryFaultsTest::hostileRows()
 
 void LibraryFaultsTest::hostileNames()
 {
-    Listener listener;
+    PlayingListener listener;
     ClientWindow &client = listener.client;
-    QVERIFY(listener.start());
     QVERIFY(listener.openAlbums(0));
     const QString names[] = {
         "<b>x</b>"_s,
@@ -647,9 +641,8 @@ void LibraryFaultsTest::nothingStaysBehind()
     QFETCH(QString, screen);
     QFETCH(int, rows);
     QFETCH(int, rowsFurther);
-    Listener listener;
+    PlayingListener listener;
     ClientWindow &client = listener.client;
-    QVERIFY(listener.start());
     const bool library = screen == "library"_s;
     answerSearches(&listener, listener.results(6));
     const auto push = [&] {
@@ -689,9 +682,8 @@ void LibraryFaultsTest::nothingStaysBehind()
 
 void LibraryFaultsTest::serverGoesAndComes()
 {
-    Listener listener;
+    PlayingListener listener;
     ClientWindow &client = listener.client;
-    QVERIFY(listener.start());
     QVERIFY(listener.openAlbums(album));
     const int sockets = client.server.acceptedSockets();
     {

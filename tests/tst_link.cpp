@@ -123,6 +123,11 @@ struct House
     HalvoraConnThread link;
 };
 
+struct ConnectedHouse final : House
+{
+    ConnectedHouse() { connect(); }
+};
+
 } // namespace
 
 class TestLink final : public Suite
@@ -195,8 +200,7 @@ void TestLink::login()
 
 void TestLink::startTellsTheScreensAndDeliversTheDump()
 {
-    House house;
-    house.connect();
+    ConnectedHouse house;
     QCOMPARE(house.said, (QStringList{"show"_s, connecting, authenticating, "hide"_s}));
     QCOMPARE(house.commands, dumpOf(house.device.state()));
     house.link.stopLink();
@@ -207,8 +211,7 @@ void TestLink::startTellsTheScreensAndDeliversTheDump()
 
 void TestLink::commandsAreNumbered()
 {
-    House house;
-    house.connect();
+    ConnectedHouse house;
     Q_EMIT house.link.requireSendCommand("2000|100|7|30"_s);
     Q_EMIT house.link.requireSendString(u8"HELLO|Küche"_s);
     QTRY_COMPARE(house.device.numberedMessages().mid(2),
@@ -217,8 +220,7 @@ void TestLink::commandsAreNumbered()
 
 void TestLink::pollsAreAnsweredAndNotDelivered()
 {
-    House house;
-    house.connect();
+    ConnectedHouse house;
     house.commands.clear();
     for (int i = 0; i < 3; ++i)
         house.device.broadcast(DeviceMessages::KeepAlive);
@@ -247,8 +249,7 @@ void TestLink::subCodes()
 {
     QFETCH(const QString, text);
     QFETCH(const QString, url); // empty: the text is delivered
-    House house;
-    house.connect();
+    ConnectedHouse house;
     house.commands.clear();
     house.device.sendPlain(text);
     house.settle();
@@ -259,8 +260,7 @@ void TestLink::subCodes()
 
 void TestLink::firstConnectedOnceARun()
 {
-    House house;
-    house.connect();
+    ConnectedHouse house;
     house.device.broadcast(DeviceMessages::DumpEnd);
     house.settle();
     QCOMPARE(house.firstConnected, 1);
@@ -552,8 +552,7 @@ void TestLink::noCommandAheadOfTheLogin()
 
 void TestLink::rubbishIsDropped()
 {
-    House house;
-    house.connect();
+    ConnectedHouse house;
     house.commands.clear();
     house.device.sendRaw("no Base64 at all %%%AAAA%%%%%%");
     for (const QString &text :

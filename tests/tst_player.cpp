@@ -92,8 +92,7 @@ private Q_SLOTS:
 
 void TestPlayer::firstTickSendsTheFullPoll()
 {
-    Studio studio;
-    studio.connect();
+    ConnectedStudio studio;
     QCOMPARE(studio.server.paths, QStringList{"/mopidy/ws"_s});
     QCOMPARE(studio.server.texts, QStringList());
     studio.player.refreshTimerTimeout();
@@ -105,8 +104,7 @@ void TestPlayer::firstTickSendsTheFullPoll()
 
 void TestPlayer::pollsComeEverySixtyTicks()
 {
-    Studio studio;
-    studio.connect();
+    ConnectedStudio studio;
     for (int poll = 0; poll < 2; ++poll) {
         studio.player.refreshTimerTimeout();
         QCOMPARE(studio.sentMethods(), fullPoll);
@@ -118,8 +116,7 @@ void TestPlayer::pollsComeEverySixtyTicks()
 
 void TestPlayer::playingAsksForTheTimeFirst()
 {
-    Studio studio;
-    studio.connect();
+    ConnectedStudio studio;
     const QString time = "core.playback.get_time_position"_s;
     studio.player.setPlayPause(HalvoraPlayer::Playing);
     studio.player.refreshTimerTimeout();
@@ -200,8 +197,7 @@ void TestPlayer::requests()
     QFETCH(const Action, act);
     QFETCH(const QString, requests);
     QFETCH(const Action, prepare);
-    Studio studio;
-    studio.connect();
+    ConnectedStudio studio;
     prepare(&studio.player);
     const QString before = stateOf(&studio.player);
     SignalLog log;
@@ -247,8 +243,7 @@ void TestPlayer::events()
     QFETCH(const QString, event);
     QFETCH(const QString, heard);
     QFETCH(const QString, methods);
-    Studio studio;
-    studio.connect();
+    ConnectedStudio studio;
     Song song;
     song.setUri("now"_s);
     studio.player.setCurrentSong(&song);
@@ -291,8 +286,7 @@ void TestPlayer::replies()
 {
     QFETCH(const QString, text);
     QFETCH(const QStringList, calls);
-    Studio studio;
-    studio.connect();
+    ConnectedStudio studio;
     Receiver receiver;
     QCOMPARE(studio.player.actionLookupImages({"a"_s}, &receiver, "imagesReceived"), 0);
     QCOMPARE(studio.player.actionBrowse("a"_s, &receiver, "browseAnything"), 1);
@@ -323,8 +317,7 @@ void TestPlayer::tracks()
 {
     QFETCH(const QString, json);
     QFETCH(const QString, song);
-    Studio studio;
-    studio.connect();
+    ConnectedStudio studio;
     QSignalSpy changes(&studio.player, &HalvoraPlayer::currentSongChanged);
     const bool isNew = song != "none"_s;
     studio.player.updateTrackInfo(::json(json));
@@ -343,8 +336,7 @@ void TestPlayer::tracks()
 
 void TestPlayer::unchangedTrackKeepsItsSong()
 {
-    Studio studio;
-    studio.connect();
+    ConnectedStudio studio;
     studio.player.updateTrackInfo(json(track));
     Song *const song = studio.player.currentSong();
     studio.sent();
@@ -387,8 +379,7 @@ void TestPlayer::secondsAreRoundedUp()
 
 void TestPlayer::queueIsInOrderOfItsIds()
 {
-    Studio studio;
-    studio.connect();
+    ConnectedStudio studio;
     QSignalSpy changes(&studio.player, &HalvoraPlayer::queueChanged);
     studio.player.updateQueue(
         json(R"([{"tlid":7,"track":{"uri":"g"}},{"tlid":3,"track":{"uri":"c"}},{"tlid":9},
@@ -411,8 +402,7 @@ void TestPlayer::queueIsInOrderOfItsIds()
 
 void TestPlayer::playlistIsMadeFromTheQueue()
 {
-    Studio studio;
-    studio.connect();
+    ConnectedStudio studio;
     studio.player.updatePlaylistTracks(json("[1]"_s)); // nothing is under way
     studio.player.actionCreatePlaylist("x"_s, true);
     studio.say(R"({"id":"0","result":{"uri":"m3u:x","tracks":[1]}})"_s);
@@ -431,8 +421,7 @@ void TestPlayer::playlistIsMadeFromTheQueue()
 
 void TestPlayer::picturesOfTheServerAreCompleted()
 {
-    Studio studio;
-    studio.connect();
+    ConnectedStudio studio;
     Receiver receiver;
     studio.player.actionLookupImages({}, &receiver, "imagesReceived");
     studio.player.actionLookup({}, &receiver, "imagesReceived");
@@ -450,8 +439,7 @@ void TestPlayer::picturesOfTheServerAreCompleted()
 
 void TestPlayer::refusedRemovalIsSentInTheOtherForm()
 {
-    Studio studio;
-    studio.connect();
+    ConnectedStudio studio;
     studio.player.updateQueue(
         json(R"([{"tlid":3,"track":{}},{"tlid":5,"track":{}},{"tlid":8,"track":{}}])"_s));
     studio.sent();
@@ -516,8 +504,7 @@ void TestPlayer::serverIsFollowed()
 
 void TestPlayer::deletedReceiverIsNotCalled()
 {
-    Studio studio;
-    studio.connect();
+    ConnectedStudio studio;
     auto receiver = std::make_unique<Receiver>();
     studio.player.actionBrowse("a"_s, receiver.get(), "browseAnything");
     receiver.reset();
@@ -526,8 +513,7 @@ void TestPlayer::deletedReceiverIsNotCalled()
 
 void TestPlayer::repliesOfAnEarlierConnectionAreIgnored()
 {
-    Studio studio;
-    studio.connect();
+    ConnectedStudio studio;
     Receiver receiver;
     studio.player.actionBrowse("a"_s, &receiver, "browseAnything");
     studio.connect();
@@ -538,8 +524,7 @@ void TestPlayer::repliesOfAnEarlierConnectionAreIgnored()
 
 void TestPlayer::reconnectionKeepsTheCountdown()
 {
-    Studio studio;
-    studio.connect();
+    ConnectedStudio studio;
     studio.player.updateTrackInfo(json(track));
     studio.player.refreshTimerTimeout();
     const QString before = stateOf(&studio.player);

@@ -205,8 +205,7 @@ void PlayerScreenTest::controlsSendTheirRequest()
     QFETCH(QPoint, place);
     QFETCH(bool, playing);
     QFETCH(QString, request);
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     QCOMPARE(client.playerButtonCalls(), 1);
     if (!playing)
         client.server.playback()->pause();
@@ -236,8 +235,7 @@ void PlayerScreenTest::queueSendsItsRequests()
     QFETCH(int, swiped);
     QFETCH(QPoint, clicked);
     QFETCH(QString, requests);
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     QVERIFY(openQueue(&client));
     forget(&client);
     if (swiped != -1) {
@@ -251,8 +249,7 @@ void PlayerScreenTest::queueSendsItsRequests()
 
 void PlayerScreenTest::queueIsSavedAsPlaylist()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     QVERIFY(openQueue(&client));
     client.click(saveButton);
     QQuickItem *dialog = nullptr;
@@ -364,8 +361,7 @@ void PlayerScreenTest::looks_data()
 void PlayerScreenTest::looks()
 {
     QFETCH(const Situation, situation);
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     QTRY_VERIFY(look(client).contains("cover"_s)); // one that comes late would hide what came after it
     situation.first(&client);
     if (situation.then) {
@@ -380,8 +376,7 @@ void PlayerScreenTest::looks()
 
 void PlayerScreenTest::looksWithoutAnOutput()
 {
-    ClientWindow client;
-    QVERIFY(client.showOutputs());
+    OutputsWindow client;
     client.selectTab(1);
     QCOMPARE(look(client), (QStringList{"nothing"_s, "playlists equilizer"_s}));
     QCOMPARE(client.playerButtonCalls(), 0);
@@ -436,8 +431,7 @@ void PlayerScreenTest::popUpOpensAndCloses()
     QFETCH(QPoint, close);
     QFETCH(int, below);
     QFETCH(QByteArray, toggle);
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     QQuickItem *panel = client.item(type);
     QCOMPARE(panel->y(), 640.0);
     client.click(button);
@@ -475,8 +469,7 @@ void PlayerScreenTest::popUpOpensAndCloses()
 
 void PlayerScreenTest::matrixSelectsTheOutput()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     client.click(bar);
     QQuickItem *matrix = client.item("MatrixPopup"_s);
     QVERIFY(comesTo(matrix, 75));
@@ -499,8 +492,7 @@ void PlayerScreenTest::matrixSelectsTheOutput()
 
 void PlayerScreenTest::queueFollowsThePlayer()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     Tracklist *queue = client.server.tracklist();
     const QVector<TracklistEntry> added = queue->add(tracks(client, 100, 130));
     client.server.playback()->play(added.at(4).tlid);
@@ -522,8 +514,7 @@ void PlayerScreenTest::queueFollowsThePlayer()
 
 void PlayerScreenTest::longQueueOpensAtItsSong()
 {
-    ClientWindow client(Catalogue(1, 1000));
-    QVERIFY(client.showPlayer());
+    PlayerWindow client(Catalogue(1, 1000));
     const QVector<TracklistEntry> added = client.server.tracklist()->add(tracks(client, 0, 1000));
     client.server.playback()->play(added.at(899).tlid);
     QVERIFY(openQueue(&client));
@@ -538,8 +529,7 @@ void PlayerScreenTest::longQueueOpensAtItsSong()
 // It stays with the player for which it was opened. What that one says is of no use to the screen behind it.
 void PlayerScreenTest::routesMoveUnderAnOpenQueue()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     QVERIFY(openQueue(&client));
     QTRY_COMPARE(rows(client).size(), 2);
     client.device.setRoute(3, 9);
@@ -560,8 +550,7 @@ void PlayerScreenTest::routesMoveUnderAnOpenQueue()
 
 void PlayerScreenTest::routesMoveBehindAnotherTab()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     client.selectTab(0);
     client.click({50, 65 + 90 + 45});
     QTRY_COMPARE(look(client), (QStringList{"Kitchen"_s, "Radio"_s, "source"_s, "equilizer mute_0"_s}));
@@ -586,8 +575,7 @@ void PlayerScreenTest::newPlayersAreShownAtOnce_data()
 void PlayerScreenTest::newPlayersAreShownAtOnce()
 {
     QFETCH(bool, moved);
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     MusicServerSimulator second{Catalogue(9)};
     QVERIFY(second.listen());
     second.tracklist()->add({second.catalogue().track(30), second.catalogue().track(31)});
@@ -617,8 +605,7 @@ void PlayerScreenTest::newPlayersAreShownAtOnce()
 // Its errors end up on the console, and the screen stays as it was until there is a song.
 void PlayerScreenTest::playerWithoutASongKeepsWhatWasShown()
 {
-    ClientWindow client;
-    QVERIFY(client.showOutputs());
+    OutputsWindow client;
     const QRegularExpression error("TypeError: Cannot read property 'currTimeChanged' of null"_s);
     QTest::ignoreMessage(QtWarningMsg, error);
     client.click({50, 65 + 45});
@@ -634,8 +621,7 @@ void PlayerScreenTest::playerWithoutASongKeepsWhatWasShown()
 
 void PlayerScreenTest::rowRemovedWhileItIsAside()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     client.server.tracklist()->add(tracks(client, 30, 33));
     QVERIFY(openQueue(&client));
     QTRY_COMPARE(rows(client).size(), 5);
@@ -673,8 +659,7 @@ int volumeAfter(ClientWindow *client, int volume)
 
 void PlayerScreenTest::deviceDoesNotMoveAHeldSlider()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     const QQuickItem *slider = client.item("HorizontalSlider"_s);
     const QPoint end = pullVolume(&client);
     const int held = slider->property("value").toInt();
@@ -690,8 +675,7 @@ void PlayerScreenTest::deviceDoesNotMoveAHeldSlider()
 // The host changes the tab: the finger is still on the volume, and the screen has no device any more.
 void PlayerScreenTest::tabGoesAwayUnderAHeldSlider()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     const QPoint end = pullVolume(&client);
     client.selectTab(0);
     client.release(end);
@@ -704,8 +688,7 @@ void PlayerScreenTest::tabGoesAwayUnderAHeldSlider()
 // value alone.
 void PlayerScreenTest::knobStaysWhereItWasPutByAClick()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     const QColor knob = client.item("PlayerTopBar"_s)->property("color").value<QColor>();
     client.click(volumeMiddle + QPoint(40, 0)); // 60 of 100
     QTRY_COMPARE(client.device.state().outputs.first().volume, 60);

@@ -259,3 +259,13 @@ QStringList ClientWindow::requests() const
     }
     return requests;
 }
+
+OutputsWindow::OutputsWindow()
+{
+    QVERIFY(showOutputs());
+}
+
+PlayerWindow::PlayerWindow(const Catalogue &catalogue) : ClientWindow(catalogue)
+{
+    QVERIFY(showPlayer());
+}

@@ -145,3 +145,8 @@ QJsonArray Listener::results(int tracks) const
     return {MopidyModels::searchResult("local:search"_s, found, {MopidyModels::album(track(otherAlbum))},
                                        {MopidyModels::artist(track(foundAlbum).artists.constFirst())})};
 }
+
+PlayingListener::PlayingListener(const Catalogue &catalogue) : Listener(catalogue)
+{
+    QVERIFY(start());
+}

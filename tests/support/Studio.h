@@ -57,3 +57,8 @@ struct Studio
     RawMusicServer server;
     HalvoraPlayer player;
 };
+
+struct ConnectedStudio final : Studio
+{
+    ConnectedStudio() { connect(); }
+};
