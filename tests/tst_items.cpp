@@ -134,10 +134,11 @@ void TestItems::typesAreCreatable_data()
 {
     Rows::add("types"_s, R"(
         com.kestrum.translations ; DynamicTranslator
-        com.kestrum.halvoraint ; Theme MainTabController OutputsView PlayerView NavigationView NavigationBar BrowseListView
+        com.kestrum.halvoraint ; Theme MainTabController OutputsView PlayerView NavigationView NavigationBar
         com.kestrum.halvoraint ; NavigationController BrowseNavController SearchNavController SearchRootView
-        com.kestrum.halvoraint ; PlaylistNavController
-        com.kestrum.logic ; PlayerItem Song PlaylistEntry Playlist HalvoraPlayer Source Output Halvora Device)"_s);
+        com.kestrum.halvoraint ; PlaylistNavController BrowseListView
+        com.kestrum.logic ; PlayerItem Song PlaylistEntry Playlist
+        com.kestrum.logic ; HalvoraPlayer Source Output Halvora Device)"_s);
 }
 
 void TestItems::typesAreCreatable()

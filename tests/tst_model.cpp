@@ -175,6 +175,7 @@ QString signalsOf(QString heard)
         heard.replace(object + ".all"_s,
                       "%1.volumeChanged %1.muteChanged %1.bassChanged %1.middleChanged %1.trebleChanged "
                       "%1.loudnessChanged"_s.arg(object));
+    heard.replace("o5.routed"_s, "o5.selectedSourceChanged h.routesUpdated"_s);
     return heard.replace("p6.all"_s,
                          "p6.airPlayChanged p6.airPlayTrackChanged p6.airPlayAlbumChanged "
                          "p6.airPlayArtistChanged p6.airPlayImageChanged"_s);
@@ -186,23 +187,23 @@ void TestModel::messages_data()
 {
     Rows::add(messageColumns, R"(
         outputs, in ascending order ; ; 1|100|5@E|2@B|9@I ; o2=B()<-1 o5=E()<-1 o9=I()<-1 ; h.outputsChanged
-        outputs, renamed, none removed ; 1|100|5@E|2@B ; 1|100|5@Five@x ; o2=B()<-1 o5=Five()<-1 ; o5.nameChanged h.outputsChanged
+        renamed ; 1|100|5@E|2@B ; 1|100|5@Five@x ; o2=B()<-1 o5=Five()<-1 ; o5.nameChanged h.outputsChanged
         outputs, none ; ; 1 ; ; h.outputsChanged
         sources, in ascending order ; ; 0|100|4@Deck@0|3@Radio@0 ; s3=Radio(0) s4=Deck(0) ; h.sourcesChanged
         sources, none ; 0|100|4@Deck@0|3@Radio@0 ; 0|100 ; s3=Radio(0) s4=Deck(0) ; h.sourcesChanged
-        a source with an address ; ; 0|100|6@Box@1@127.0.0.1@6681 ; s6=Box(0)p6 127.0.0.1:6681 ; h.sourcesChanged
-        a source that loses its player ; 0|100|6@B@1 ; 0|100|6@B@0 ; s6=B(0) ; s6.nameChanged s6.playerChanged h.sourcesChanged
-        routes, set ; 1|100|5@E 0|100|4@D@0 ; 2|100|5@4 ; o5=E()<4 s4=D(0) ; o5.selectedSourceChanged h.routesUpdated
+        an address ; ; 0|100|6@Box@1@127.0.0.1@6681 ; s6=Box(0)p6 127.0.0.1:6681 ; h.sourcesChanged
+        a lost player ; 0|100|6@B@1 ; 0|100|6@B@0 ; s6=B(0) ; s6.nameChanged s6.playerChanged h.sourcesChanged
+        routes, set ; 1|100|5@E 0|100|4@D@0 ; 2|100|5@4 ; o5=E()<4 s4=D(0) ; o5.routed
         routes, unchanged ; 1|100|5@E 0|100|4@D@0 2|100|5@4 ; 2|100|5@4 ; o5=E()<4 s4=D(0) ; h.routesUpdated
-        routes, changed ; 1|100|5@E 0|100|4@D@0|3@R@0 2|100|5@4 ; 2|100|5@3 ; o5=E()<3 s3=R(0) s4=D(0) ; o5.selectedSourceChanged h.routesUpdated
-        routes, cleared by the output alone ; 1|100|5@E 0|100|4@D@0 2|100|5@4 ; 2|100|5 ; o5=E()<-1 s4=D(0) ; o5.selectedSourceChanged h.routesUpdated
+        routes changed ; 1|100|5@E 0|100|4@D@0|3@R@0 2|100|5@4 ; 2|100|5@3 ; o5=E()<3 s3=R(0) s4=D(0) ; o5.routed
+        routes cleared ; 1|100|5@E 0|100|4@D@0 2|100|5@4 ; 2|100|5 ; o5=E()<-1 s4=D(0) ; o5.routed
         state of an output ; 1|100|5@E ; 3|100|5|70|1|-3|0|4|9 ; o5=E(70 1 -3 0 4 9)<-1 ; o5.all
         state of an output, unchanged ; 1|100|5@E ; 3|100|5|0|0|0|0|0|0 ; o5=E()<-1 ; o5.all
-        volume of a source ; 0|100|4@Deck@0|3@Radio@0 ; 4|100|3|44 ; s3=Radio(44) s4=Deck(0) ; s3.volumeChanged
+        a volume ; 0|100|4@Deck@0|3@Radio@0 ; 4|100|3|44 ; s3=Radio(44) s4=Deck(0) ; s3.volumeChanged
         AirPlay on ; 0|100|6@Box@1 ; 10|100|6|1|T|A|R|I ; s6=Box(0)p6 :6680*T/A/R/I ; p6.all
         AirPlay off ; 0|100|6@Box@1 10|100|6|1|T|A|R|I ; 10|100|6|0|a|b|c|d ; s6=Box(0)p6 :6680 ; p6.all
-        nine fields keep the texts ; 0|100|6@Box@1 10|100|6|1|T|A|R|I ; 10|100|6|1|a|b|c ; s6=Box(0)p6 :6680*T/A/R/I ; p6.airPlayChanged
-        preset slots, in their order ; ; 25|100|9@Nine@m3u:n|2@Two@ ; e9=Nine<m3u:n e2=Two< ; h.playlistEntriesChanged
+        no image ; 0|100|6@B@1 10|100|6|1|T|A|R|I ; 10|100|6|1|a|b|c ; s6=B(0)p6 :6680*T/A/R/I ; p6.airPlayChanged
+        preset slots ; ; 25|100|9@Nine@m3u:n|2@Two@ ; e9=Nine<m3u:n e2=Two< ; h.playlistEntriesChanged
         preset slots, emptied ; 25|100|9@Nine@m3u:n ; 25|100 ; ; h.playlistEntriesChanged)"_s);
 }
 

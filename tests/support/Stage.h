@@ -15,7 +15,8 @@
 class Stage final
 {
 public:
-    /// The test fails if the window does not come to show it. `tested` is QML text; its handlers may call tell(text). Without `smallScreen` QML has no property of that name.
+    /// The test fails if the window does not come to show it.
+    /// `tested` is QML text; its handlers may call tell(text). Without `smallScreen` QML has no property of that name.
     explicit Stage(const QString &tested, const QVariant &smallScreen = {});
 
     Theme theme; ///< suffix "_0"
