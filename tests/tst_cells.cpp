@@ -69,7 +69,6 @@ void TestCells::swipes()
     QFETCH(QList<QList<int>>, gestures);
     QFETCH(bool, aside);
     Stage stage(scene);
-    QVERIFY(stage.ready);
     const qreal rest = stage.label("Cell"_s)->mapToScene({}).x();
     const QQuickItem *red = stage.label("Delete"_s) ? stage.label("Delete"_s)->parentItem() : nullptr;
     QCOMPARE(red != nullptr, stage.tested()->property("removeEnabled").toBool());
@@ -85,7 +84,6 @@ void TestCells::swipes()
 void TestCells::redButtonRemoves()
 {
     Stage stage(cell("SongCell"_s, "removeEnabled: true; onRemoveItem: tell(\"remove\")"_s));
-    QVERIFY(stage.ready);
     stage.drag({300, 200});
     QTRY_VERIFY(stage.label("Delete"_s)->mapToScene({}).x() < 430);
     stage.tested()->setProperty("removeEnabled", false); // leaves what is out
@@ -115,7 +113,6 @@ void TestCells::clicks()
     QFETCH(QPoint, place);
     QFETCH(QString, scene);
     Stage stage(scene);
-    QVERIFY(stage.ready);
     stage.click(place);
     QTEST(stage.told().join(QLatin1Char(' ')), "told");
 }
@@ -135,7 +132,6 @@ void TestCells::pictures()
     QFETCH(QString, type);
     QFETCH(QString, stem);
     Stage stage(cell(type));
-    QVERIFY(stage.ready);
     const QList<QQuickItem *> items = SceneItems::shown(stage.tested());
     const auto picture = std::find_if(items.begin(), items.end(), [](const QQuickItem *item) {
         return item->inherits("QQuickImage") && item->size() == QSizeF(64, 64);
@@ -167,7 +163,6 @@ void TestCells::hostileNamesStayInside()
     QFETCH(QString, scene);
     const QString name = "<b>\"a\"</b>\n\u05d0\u05d1 "_s + QString(500, QLatin1Char('w')) + "\n\n\nend"_s;
     Stage stage(scene);
-    QVERIFY(stage.ready);
     stage.tested()->setProperty("textLabel", name);
     QVERIFY(!stage.texts().filter(name).isEmpty());
     QCOMPARE(SceneItems::strays(stage.tested()), QStringList());
@@ -176,7 +171,6 @@ void TestCells::hostileNamesStayInside()
 void TestCells::newWidthSlidesNothing()
 {
     Stage stage("SongCell { width: parent.width; removeEnabled: true }"_s);
-    QVERIFY(stage.ready);
     const QQuickItem *red = stage.label("Delete"_s)->parentItem();
     stage.view.rootObject()->setWidth(900);
     QCOMPARE(red->x(), 950.0);

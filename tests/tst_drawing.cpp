@@ -150,8 +150,7 @@ private:
 
 void DrawingTest::playingDrawsItsProgressAlone()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     client.server.playback()->pause();
     FrameCount count(&client);
     QVERIFY(count.comesToRest());
@@ -175,8 +174,7 @@ void DrawingTest::restDrawsNothing_data()
 void DrawingTest::restDrawsNothing()
 {
     QFETCH(QString, state);
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     FrameCount count(&client);
     if (state == "stopped"_s)
         client.server.playback()->stop();

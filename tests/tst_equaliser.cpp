@@ -27,6 +27,7 @@ private Q_SLOTS:
 
     // What goes wrong
     void deviceDoesNotMoveAHeldSlider();
+    void bandStaysWhereItWasPutByADrag();
     void withoutAnOutputNothingIsSent();
 };
 
@@ -77,8 +78,7 @@ QPoint dragUp(ClientWindow *client, int band)
 
 void EqualiserTest::groundLetsNothingThrough()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     const QQuickItem *equaliser = client.item("Equalizer"_s);
     QCOMPARE(equaliser->y(), 640.0);
     QVERIFY(open(&client));
@@ -93,8 +93,7 @@ void EqualiserTest::groundLetsNothingThrough()
 void EqualiserTest::buttonClosesToo()
 {
     const QSize low(450, 340);
-    ClientWindow client;
-    QVERIFY(client.showOutputs());
+    OutputsWindow client;
     client.click(secondCover);
     QTRY_VERIFY(client.item("SourceImgView"_s));
     QVERIFY(open(&client));
@@ -119,8 +118,7 @@ void EqualiserTest::dragsReachTheDevice_data()
 void EqualiserTest::dragsReachTheDevice()
 {
     QFETCH(int, band);
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     tune(&client, 3, tuned);
     QTRY_COMPARE(shownValues(client), tuned);
     QVERIFY(open(&client));
@@ -165,8 +163,7 @@ void EqualiserTest::openEqualiserFits_data()
 void EqualiserTest::openEqualiserFits()
 {
     QFETCH(QSize, size);
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     client.view.resize(size);
     QTRY_COMPARE(client.item("PlayerView"_s)->size().toSize(), size);
     QVERIFY(open(&client));
@@ -174,7 +171,8 @@ void EqualiserTest::openEqualiserFits()
     for (const QString &text : {"BASS 100Hz"_s, "MIDDLE 1kHz"_s, "TREBLE 10kHz"_s, "LOUDNESS"_s}) {
         const QQuickItem *label = client.itemWithText(text);
         const qreal half = label->property("contentWidth").toReal() / 2;
-        const QPointF centre = label->mapToScene({label->width() / 2, label->property("contentHeight").toReal()});
+        const QPointF centre = label->mapToScene(
+            {label->width() / 2, label->property("contentHeight").toReal()});
         QVERIFY2(centre.x() - half > right && centre.y() <= size.height(), qPrintable(text));
         right = centre.x() + half;
     }
@@ -187,8 +185,7 @@ void EqualiserTest::openEqualiserFits()
 
 void EqualiserTest::deviceDoesNotMoveAHeldSlider()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     QVERIFY(open(&client));
     const QPoint end = dragUp(&client, 1);
     const int held = shownValues(client).at(1);
@@ -202,6 +199,22 @@ void EqualiserTest::deviceDoesNotMoveAHeldSlider()
     client.release(end);
     QTRY_COMPARE(client.lastCommand(), "UI_COMMAND|2002|100|3|-9|%1|-9|-9"_s.arg(held));
     QTRY_COMPARE(afterEcho(tuned), tuned);
+}
+
+void EqualiserTest::bandStaysWhereItWasPutByADrag()
+{
+    PlayerWindow client;
+    QVERIFY(open(&client));
+    client.release(dragUp(&client, 1));
+    const QQuickItem *fill = client.item("VerticalSlider"_s, 1)->childItems().first();
+    const qreal top = fill->y();
+    QTRY_VERIFY(client.device.state().outputs.first().middle > 4);
+    const auto valueAfter = [&](int middle) {
+        tune(&client, 3, {0, middle, 0, 0});
+        return shownValues(client).at(1);
+    };
+    QTRY_COMPARE(valueAfter(-15), -15);
+    QCOMPARE(fill->y(), top);
 }
 
 void EqualiserTest::withoutAnOutputNothingIsSent()

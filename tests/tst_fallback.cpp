@@ -6,6 +6,7 @@
 #include "player/Song.h"
 #include "simulator/ArtworkServer.h"
 #include "support/ObjectCount.h"
+#include "support/Rows.h"
 #include "support/Suite.h"
 
 #include <QProcess>
@@ -119,11 +120,6 @@ struct Service
     QStringList seen; // the items' pictures at each imagesDownloaded()
 };
 
-int threads()
-{
-    return int(QDir("/proc/self/task"_s).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size());
-}
-
 } // namespace
 
 Q_DECLARE_METATYPE(Spoil)
@@ -161,46 +157,36 @@ private Q_SLOTS:
 
 void TestFallback::requests_data()
 {
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<QString>("artist");
-    QTest::addColumn<QString>("album");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, const QString &artist, const QString &album,
-                        const QString &expected) {
-        QTest::newRow(name) << "track"_s << artist << album << expected;
-    };
-    row("track", "Some Band"_s, "Name Of Album"_s, target("Some+Band"_s, "Name+Of+Album"_s));
-    row("no artist", QString(), "Name Of Album"_s, target(QString(), "Name+Of+Album"_s));
-    row("no album", "A, B"_s, QString(), target("A,+B"_s, QString()));
-    row("blanks", " A  B "_s, "C"_s, target("+A++B+"_s, "C"_s));
-    row("plus", "A+B"_s, "C"_s, target("A+B"_s, "C"_s));
-    row("ampersand", "A & B"_s, "C&D"_s, target("A+&amp;+B"_s, "C&amp;D"_s));
-    row("quotes", "\"A\" <B>"_s, "C's"_s, target("&quot;A&quot;+&lt;B&gt;"_s, "C's"_s));
-    row("percent", "A"_s, "100% Hits"_s, target("A"_s, "100%25+Hits"_s));
-    row("percent and digits", "%2 %1"_s, "%41"_s, target("%252+%251"_s, "%2541"_s));
-    row("encoded", "%41"_s, "a%20b"_s, target("A"_s, "a%20b"_s));
-    row("not ASCII", "Sigur Rós"_s, "日本"_s, target("Sigur+R%C3%B3s"_s, "%E6%97%A5%E6%9C%AC"_s));
-    row("half a character", QString(QChar(0xd800)), "\n"_s, target("%ED%A0%80"_s, "%0A"_s));
-    row("punctuation", "?/:@!$"_s, "=;[]|"_s, target("?/:@!$"_s, "=;[]%7C"_s));
-    row("number sign", "A #1"_s, "B"_s, "/2.0/?artist=A+"_s); // ends the query, as it does in every address
-    QTest::newRow("album") << "album"_s
-                           << "A B"_s
-                           << "C D"_s << target("A+B"_s, "C+D"_s);
-    QTest::newRow("other type") << "artist"_s
-                                << "A"_s
-                                << "B"_s << target(QString(), QString());
-    QTest::newRow("no type") << QString() << "A"_s
-                             << "B"_s << target(QString(), QString());
+    Rows::add("type artist album path"_s, u8R"(
+        ; track ; Some Band ; Name Of Album ; Some+Band&album=Name+Of+Album
+        no artist ; track ; ; Name Of Album ; &album=Name+Of+Album
+        no album ; track ; A, B ; ; A,+B&album=
+        blanks ; track ; _A__B_ ; C ; +A++B+&album=C
+        plus ; track ; A+B ; C ; A+B&album=C
+        ampersand ; track ; A & B ; C&D ; A+&amp;+B&album=C&amp;D
+        quotes ; track ; "A" <B> ; C's ; &quot;A&quot;+&lt;B&gt;&album=C's
+        percent ; track ; A ; 100% Hits ; A&album=100%25+Hits
+        percent and digits ; track ; %2 %1 ; %41 ; %252+%251&album=%2541
+        encoded ; track ; %41 ; a%20b ; A&album=a%20b
+        not ASCII ; track ; Sigur Rós ; 日本 ; Sigur+R%C3%B3s&album=%E6%97%A5%E6%9C%AC
+        half a character ; track ; HALF ; NEWLINE ; %ED%A0%80&album=%0A
+        punctuation ; track ; ?/:@!$ ; =;[]| ; ?/:@!$&album==;[]%7C
+        number sign, ends the query ; track ; A #1 ; B ; A+
+        ; album ; A B ; C D ; A+B&album=C+D
+        other type ; artist ; A ; B ; &album=
+        no type ; ; A ; B ; &album=)"_s);
 }
 
 void TestFallback::requests()
 {
     QFETCH(const QString, type);
-    QFETCH(const QString, artist);
-    QFETCH(const QString, album);
-    QFETCH(const QString, expected);
+    QFETCH(QString, artist);
+    QFETCH(QString, album);
+    QFETCH(const QString, path);
+    const QString expected = "/2.0/?artist="_s + path + (path == "A+"_s ? QString() : tail);
+    artist.replace(QLatin1Char('_'), QLatin1Char(' ')).replace("HALF"_s, QString(QChar(0xd800)));
     Service service;
-    service.add(type, artist, album);
+    service.add(type, artist, album.replace("NEWLINE"_s, "\n"_s));
     service.serve(expected, small("http://new"));
     QCOMPARE(service.run(), QStringList{"30=http://new"_s}); // the reply has found its item
     QCOMPARE(service.server.requestedPaths(), QStringList{expected});
@@ -208,31 +194,26 @@ void TestFallback::requests()
 
 void TestFallback::widths_data()
 {
-    QTest::addColumn<QByteArray>("entries");
-    QTest::addColumn<QString>("table");
-    QTest::newRow("all") << QByteArray(R"({"#text":"a","size":"small"},{"#text":"b","size":"medium"},)"
-                                       R"({"#text":"c","size":"large"},{"#text":"d","size":"extralarge"},)"
-                                       R"({"#text":"e","size":"mega"},{"#text":"f","size":""})")
-                         << "30=a 65=b 128=f 180=c 300=d 350=e"_s;
-    QTest::newRow("another size") << QByteArray(R"({"#text":"a","size":"giga"})") << "128=a"_s;
-    QTest::newRow("capital") << QByteArray(R"({"#text":"a","size":"Small"})") << "128=a"_s;
-    QTest::newRow("no size") << QByteArray(R"({"#text":"a"})") << "128=a"_s;
-    QTest::newRow("size is a number") << QByteArray(R"({"#text":"a","size":30})") << "128=a"_s;
-    QTest::newRow("later wins") << QByteArray(
-        R"({"#text":"a","size":"x"},{"#text":"b","size":""},{"#text":"","size":""})")
-                                << "128=b"_s;
-    QTest::newRow("without address") << QByteArray(
-        R"({"#text":"","size":"mega"},{"size":"large"},{"#text":7},7,null,{"#text":"a","size":"small"})")
-                                     << "30=a"_s;
+    Rows::add("entries table"_s, R"(
+        all ; a/small b/medium c/large d/extralarge e/mega f/ ; 30=a 65=b 128=f 180=c 300=d 350=e
+        another size ; a/giga ; 128=a
+        capital ; a/Small ; 128=a
+        no size ; {"#text":"a"} ; 128=a
+        size is a number ; {"#text":"a","size":30} ; 128=a
+        later wins ; a/x b/ /  ; 128=b
+        without address ; /mega {"size":"large"} {"#text":7} 7 null a/small ; 30=a)"_s);
 }
 
 void TestFallback::widths()
 {
-    QFETCH(const QByteArray, entries);
+    QFETCH(const QString, entries);
     QFETCH(const QString, table);
+    const QRegularExpression shorthand("^(\\w*)/(\\w*)$"_s); // address and size
+    QStringList list = entries.split(QLatin1Char(' '));
+    list.replaceInStrings(shorthand, R"({"#text":"\1","size":"\2"})"_s);
     Service service;
     service.add("album"_s, "A"_s, "B"_s);
-    service.serve(target("A"_s, "B"_s), answer(entries));
+    service.serve(target("A"_s, "B"_s), answer(list.join(QLatin1Char(',')).toUtf8()));
     QCOMPARE(service.run(), QStringList{table});
 }
 
@@ -292,7 +273,7 @@ void TestFallback::nothingStaysBehind()
     service.run(); // what Qt makes once for all
     QTRY_COMPARE(service.server.findChildren<QTcpSocket *>().size(), 0);
     const int objects = ObjectCount::alive();
-    const int running = threads();
+    const int running = ObjectCount::threads();
     for (int round = 0; round < 10; ++round) {
         QList<QPointer<BackupImageDownloader>> batches;
         for (int i = 0; i < 20; ++i)
@@ -302,7 +283,7 @@ void TestFallback::nothingStaysBehind()
     }
     QCOMPARE(service.seen.size(), 201);
     QTRY_COMPARE(ObjectCount::alive(), objects);
-    QTRY_COMPARE(threads(), running);
+    QTRY_COMPARE(ObjectCount::threads(), running);
 }
 
 void TestFallback::answers_data()

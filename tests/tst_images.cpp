@@ -15,7 +15,7 @@
 
 namespace {
 
-using Spoil = std::function<void(ArtworkFaults &)>;
+using Spoil = void (*)(ArtworkFaults &);
 
 // An item of the screens, as far as the downloader knows it.
 class Cell final : public QQuickItem
@@ -78,12 +78,12 @@ struct Gallery
 
     bool fetched(int times) const
     {
-        return QTest::qWaitFor([&] { return server.requestCount("/a.png"_s) == times; });
+        return Waiting::comes([&] { return server.requestCount("/a.png"_s) == times; });
     }
 
     bool isCached() const
     {
-        return QTest::qWaitFor([&] { return downloader()->isCached(url); }, 20000);
+        return Waiting::comes([&] { return downloader()->isCached(url); }, 20000);
     }
 
     // Until every call that is under way to an item has been made.
@@ -94,7 +94,7 @@ struct Gallery
         server.faults() = {};
         server.setFile("/settled.png"_s, "image/png", png(1, 1));
         downloader()->requestImage(other, &marker);
-        QVERIFY(QTest::qWaitFor([&] { return !marker.told.isEmpty(); }));
+        QVERIFY(Waiting::comes([&] { return !marker.told.isEmpty(); }));
     }
 
     ArtworkServer server;
@@ -119,7 +119,6 @@ private Q_SLOTS:
     void decodingNeedsNoGuiThread();
     void cacheIsFirstInFirstOut();
     void keyThatStandsTwiceGoesWithItsOlderPlace();
-    void providerFits_data();
     void providerFits();
 
     // What goes wrong
@@ -139,7 +138,7 @@ void TestImages::pictureIsFetchedOnceAndTold()
 {
     Gallery gallery;
     requestPicture(gallery.url, &gallery.cell);
-    QVERIFY(QTest::qWaitFor([&] { return !gallery.cell.told.isEmpty(); }));
+    QTRY_VERIFY(!gallery.cell.told.isEmpty());
     QCOMPARE(gallery.cell.told, QStringList{gallery.url});
     QCOMPARE(downloader()->cachedImage(gallery.url).size(), QSize(200, 100));
     Cell second;
@@ -162,7 +161,7 @@ void TestImages::qmlItemShowsThePicture()
     const std::unique_ptr<QObject> image(component.create());
     QVERIFY2(image, qPrintable(component.errorString()));
     requestPicture(gallery.url, qobject_cast<QQuickItem *>(image.get()));
-    QVERIFY(QTest::qWaitFor([&] { return image->property("implicitWidth").toInt() == 200; }));
+    QVERIFY(Waiting::comes([&] { return image->property("implicitWidth").toInt() == 200; }));
     QCOMPARE(image->property("implicitHeight").toInt(), 100);
 }
 
@@ -205,7 +204,7 @@ void TestImages::decodingNeedsNoGuiThread()
         QThread::yieldCurrentThread();
     QCOMPARE(downloader()->cachedImage(url).size(), QSize(2000, 2000));
     QCOMPARE(cell.told, QStringList());
-    QVERIFY(QTest::qWaitFor([&] { return !cell.told.isEmpty(); }));
+    QVERIFY(Waiting::comes([&] { return !cell.told.isEmpty(); }));
     inThread([&] { server.reset(); });
     thread.quit();
     thread.wait();
@@ -238,27 +237,17 @@ void TestImages::keyThatStandsTwiceGoesWithItsOlderPlace()
     QCOMPARE(cached(later), later);
 }
 
-void TestImages::providerFits_data()
-{
-    QTest::addColumn<QSize>("requested");
-    QTest::addColumn<QSize>("result");
-    QTest::newRow("nothing asked") << QSize() << QSize(200, 100);
-    QTest::newRow("width alone") << QSize(50, -1) << QSize(200, 100);
-    QTest::newRow("height alone") << QSize(-1, 50) << QSize(200, 100);
-    QTest::newRow("fits by its width") << QSize(50, 50) << QSize(50, 25);
-    QTest::newRow("fits by its height") << QSize(500, 20) << QSize(40, 20);
-    QTest::newRow("larger") << QSize(400, 400) << QSize(400, 200);
-}
-
 void TestImages::providerFits()
 {
-    QFETCH(const QSize, requested);
-    QFETCH(const QSize, result);
     downloader()->addToCache("http://fits"_s, picture(200, 100));
-    QSize size;
-    QCOMPARE(AsyncImageProvider().requestImage("http://fits"_s, &size, requested).size(), result);
-    QCOMPARE(size, result);
-    QCOMPARE(AsyncImageProvider().requestImage("http://fits"_s, nullptr, requested).size(), result);
+    const QPair<QSize, QSize> table[]{{{}, {200, 100}},     {{50, -1}, {200, 100}}, {{-1, 50}, {200, 100}},
+                                      {{50, 50}, {50, 25}}, {{500, 20}, {40, 20}},  {{400, 400}, {400, 200}}};
+    for (const auto &row : table) { // requested and result
+        QSize size;
+        QCOMPARE(AsyncImageProvider().requestImage("http://fits"_s, &size, row.first).size(), row.second);
+        QCOMPARE(size, row.second);
+        QCOMPARE(AsyncImageProvider().requestImage("http://fits"_s, nullptr, row.first).size(), row.second);
+    }
 }
 
 void TestImages::failedDownloadCanBeTriedAgain_data()
@@ -278,11 +267,11 @@ void TestImages::failedDownloadCanBeTriedAgain()
     QVERIFY(gallery.fetched(1));
     gallery.server.faults() = {};
     // The failure is silent; once it is through, a request goes out again.
-    QVERIFY(QTest::qWaitFor([&] {
+    QVERIFY(Waiting::comes([&] {
         downloader()->requestImage(gallery.url, &gallery.cell);
         return gallery.server.requestCount("/a.png"_s) == 2;
     }));
-    QVERIFY(QTest::qWaitFor([&] { return !gallery.cell.told.isEmpty(); }));
+    QTRY_VERIFY(!gallery.cell.told.isEmpty());
     QCOMPARE(gallery.cell.told, QStringList{gallery.url}); // once, and not for the failure
     QCOMPARE(downloader()->cachedImage(gallery.url).size(), QSize(200, 100));
 }
@@ -307,7 +296,7 @@ void TestImages::noPictureIsKeptAsNone()
     downloader()->requestImage(gallery.url, &gallery.cell);
     QVERIFY(gallery.isCached());
     QVERIFY(downloader()->cachedImage(gallery.url).isNull());
-    QVERIFY(QTest::qWaitFor([&] { return gallery.cell.told.size() == 1; }));
+    QTRY_COMPARE(gallery.cell.told.size(), 1);
     gallery.server.faults() = {};
     requestPicture(gallery.url, &gallery.cell);
     QCOMPARE(gallery.cell.told.size(), 2);
@@ -323,7 +312,7 @@ void TestImages::discarding()
         downloader()->discardImage(unknown, &gallery.cell);
     downloader()->requestImage(gallery.url, &gallery.cell);
     downloader()->discardImage(gallery.url, &stranger); // not the one that waits
-    QVERIFY(QTest::qWaitFor([&] { return gallery.cell.told.size() == 1; }));
+    QTRY_COMPARE(gallery.cell.told.size(), 1);
 
     Gallery other;
     downloader()->requestImage(other.url, &other.cell);
@@ -337,7 +326,7 @@ void TestImages::discarding()
     downloader()->discardImage(third.url, &third.cell);
     downloader()->requestImage(third.url, &stranger); // while the first request runs
     QVERIFY(third.fetched(2));
-    QVERIFY(QTest::qWaitFor([&] { return !stranger.told.isEmpty(); }));
+    QVERIFY(Waiting::comes([&] { return !stranger.told.isEmpty(); }));
     QCOMPARE(third.cell.told, QStringList());
 }
 

@@ -11,6 +11,7 @@
 #include "player/Song.h"
 #include "screens/DynamicTranslator.h"
 #include "screens/Theme.h"
+#include "support/Rows.h"
 #include "support/Suite.h"
 
 #include <QImage>
@@ -23,7 +24,6 @@
 
 namespace {
 
-using Widths = QList<int>;
 using Make = std::function<QObject *()>;
 
 const char modules[] = "import QtQuick 2.0; import com.kestrum.halvoraint 1.0; import com.kestrum.logic 1.0; "
@@ -91,9 +91,7 @@ private Q_SLOTS:
     // What goes wrong
 
     void unknownWordsHaveNoText();
-    void jsonThatIsNoObject_data();
     void jsonThatIsNoObject();
-    void themeColours_data();
     void themeColours();
     void themeWithoutItsKeys();
 
@@ -134,37 +132,30 @@ void TestItems::typesComeWithInitializeEngine()
 
 void TestItems::typesAreCreatable_data()
 {
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<QString>("cppClass");
-    QTest::addColumn<QString>("module");
-    const auto rows = [](const QString &module, const QString &types) {
-        for (const QString &type : types.split(QLatin1Char(' '))) {
-            const bool renamed = type == "BrowseNavController"_s;
-            QTest::newRow(qPrintable(type))
-                << type << (renamed ? "BrowseNavigationController"_s : type) << module;
-        }
-    };
-    rows("com.kestrum.translations"_s, "DynamicTranslator"_s);
-    rows("com.kestrum.halvoraint"_s,
-         "Theme MainTabController OutputsView PlayerView NavigationView NavigationBar NavigationController "
-         "BrowseNavController SearchNavController SearchRootView BrowseListView PlaylistNavController"_s);
-    rows("com.kestrum.logic"_s,
-         "PlayerItem Song PlaylistEntry Playlist HalvoraPlayer Source Output Halvora Device"_s);
+    Rows::add("types"_s, R"(
+        com.kestrum.translations ; DynamicTranslator
+        com.kestrum.halvoraint ; Theme MainTabController OutputsView PlayerView NavigationView NavigationBar
+        com.kestrum.halvoraint ; NavigationController BrowseNavController SearchNavController SearchRootView
+        com.kestrum.halvoraint ; PlaylistNavController BrowseListView
+        com.kestrum.logic ; PlayerItem Song PlaylistEntry Playlist
+        com.kestrum.logic ; HalvoraPlayer Source Output Halvora Device)"_s);
 }
 
 void TestItems::typesAreCreatable()
 {
-    QFETCH(const QString, type);
-    QFETCH(const QString, cppClass);
-    QFETCH(const QString, module);
-    QQmlEngine engine;
-    QQmlComponent component(&engine);
-    component.setData("import QtQuick 2.0; import " + module.toUtf8() + " 1.0; " + type.toUtf8() + " {}",
-                      QUrl());
-    const std::unique_ptr<QObject> object(component.create());
-    QVERIFY2(object, qPrintable(component.errorString()));
-    QCOMPARE(QString::fromLatin1(object->metaObject()->className()), cppClass);
-    QCOMPARE(object->parent(), nullptr);
+    QFETCH(const QString, types);
+    for (const QString &type : types.split(QLatin1Char(' '))) {
+        QQmlEngine engine;
+        QQmlComponent component(&engine);
+        const QByteArray import = "import QtQuick 2.0; import " + QByteArray(QTest::currentDataTag())
+            + " 1.0; ";
+        component.setData(import + type.toUtf8() + " {}", QUrl());
+        const std::unique_ptr<QObject> object(component.create());
+        QVERIFY2(object, qPrintable(component.errorString()));
+        QCOMPARE(QString::fromLatin1(object->metaObject()->className()),
+                 type == "BrowseNavController"_s ? "BrowseNavigationController"_s : type);
+        QCOMPARE(object->parent(), nullptr);
+    }
 }
 
 void TestItems::libraryShowsQtsTwoEntriesAlone()
@@ -223,75 +214,55 @@ void TestItems::pictures()
     QCOMPARE(found.size(), 49);
 }
 
+// The properties as they are declared, with the default of each.
 void TestItems::defaults_data()
 {
     QTest::addColumn<Make>("make");
-    QTest::addColumn<QString>("order"); // the properties as declared
-    QTest::addColumn<QString>("json");
-    const auto row = [](const char *name, Make make, const QString &order, const QString &json) {
-        QTest::newRow(name) << make << order << json;
+    QTest::addColumn<QString>("properties");
+    const auto row = [](Make make, const QString &properties) {
+        const std::unique_ptr<QObject> object(make());
+        QTest::newRow(object->metaObject()->className()) << make << properties;
     };
-    row(
-        "Device", [] { return new Device; },
-        "serialNumber localIp localPort remoteIp remotePort username password propDictionary"_s,
-        R"({"localIp":"","localPort":0,"objectName":"","password":"","propDictionary":{},"remoteIp":"",)"
-        R"("remotePort":0,"serialNumber":"","username":""})"_s);
-    row(
-        "Output", [] { return new Output; },
-        "index name volume mute bass middle treble loudness selectedSource"_s,
-        R"({"bass":0,"index":-1,"loudness":0,"middle":0,"mute":false,"name":"","objectName":"",)"
-        R"("selectedSource":null,"treble":0,"volume":0})"_s);
-    row(
-        "Source", [] { return new Source; }, "index name volume player"_s,
-        R"({"index":-1,"name":"","objectName":"","player":null,"volume":0})"_s);
-    row(
-        "PlaylistEntry", [] { return new PlaylistEntry; }, "entryId name playlistRef"_s,
-        R"({"entryId":-1,"name":"","objectName":"","playlistRef":""})"_s);
-    row(
-        "PlayerItem", [] { return new PlayerItem; },
-        "uri name type smallImgPath mediumImgPath largeImgPath"_s,
-        R"({"largeImgPath":"","mediumImgPath":"","name":"","objectName":"","smallImgPath":"","type":"","uri":""})"_s);
-    row(
-        "Song", [] { return new Song; },
-        "uri name type smallImgPath mediumImgPath largeImgPath duration currTime albumUri album artistsUri "
-        "artists "
-        "artistsString"_s,
-        R"({"album":"","albumUri":"","artists":[],"artistsString":"","artistsUri":[],"currTime":0,"duration":0,)"
-        R"("largeImgPath":"","mediumImgPath":"","name":"","objectName":"","smallImgPath":"","type":"","uri":""})"_s);
-    row(
-        "Album", [] { return new Album; },
-        "uri name type smallImgPath mediumImgPath largeImgPath artistsUri artists artistsString"_s,
-        R"({"artists":[],"artistsString":"","artistsUri":[],"largeImgPath":"","mediumImgPath":"","name":"",)"
-        R"("objectName":"","smallImgPath":"","type":"","uri":""})"_s);
-    row(
-        "Playlist", [] { return new Playlist; }, "uri name"_s, R"({"name":"","objectName":"","uri":""})"_s);
-    row(
-        "HalvoraPlayer", [] { return new HalvoraPlayer; },
-        "index sourceRef ipAddress port playPause shuffle repeat currentSong currentTlid airPlay "
-        "airPlayTrack "
-        "airPlayAlbum airPlayArtist airPlayImage queue queueTlid playlists filters filterTitles"_s,
-        R"({"airPlay":false,"airPlayAlbum":"","airPlayArtist":"","airPlayImage":"","airPlayTrack":"",)"
-        R"("currentSong":null,"currentTlid":0,"filterTitles":[],"filters":[],"index":-1,"ipAddress":"",)"
-        R"("objectName":"","playPause":0,"playlists":null,"port":"6680","queue":null,"queueTlid":null,)"
-        R"("repeat":false,"shuffle":false,"sourceRef":-1})"_s);
-    row(
-        "Theme", [] { return new Theme; }, "background menu header highlight icons text imgSuffix"_s,
-        R"({"background":"#000000","header":"#000000","highlight":"#000000","icons":"#000000","imgSuffix":"",)"
-        R"("menu":"#000000","objectName":"","text":"#000000"})"_s);
+    const QString item = R"(uri:"" name:"" type:"" smallImgPath:"" mediumImgPath:"" largeImgPath:"")"_s;
+    const QString artists = R"( artistsUri:[] artists:[] artistsString:"")"_s;
+    row([] { return new Device; },
+        R"(serialNumber:"" localIp:"" localPort:0 remoteIp:"" remotePort:0 username:"" password:"" )"
+        "propDictionary:{}"_s);
+    row([] { return new Output; },
+        R"(index:-1 name:"" volume:0 mute:false bass:0 middle:0 treble:0 loudness:0 selectedSource:null)"_s);
+    row([] { return new Source; }, R"(index:-1 name:"" volume:0 player:null)"_s);
+    row([] { return new PlaylistEntry; }, R"(entryId:-1 name:"" playlistRef:"")"_s);
+    row([] { return new PlayerItem; }, item);
+    row([] { return new Song; }, item + R"( duration:0 currTime:0 albumUri:"" album:"")"_s + artists);
+    row([] { return new Album; }, item + artists);
+    row([] { return new Playlist; }, R"(uri:"" name:"")"_s);
+    row([] { return new HalvoraPlayer; },
+        R"(index:-1 sourceRef:-1 ipAddress:"" port:"6680" playPause:0 shuffle:false repeat:false )"
+        R"(currentSong:null currentTlid:0 airPlay:false airPlayTrack:"" airPlayAlbum:"" airPlayArtist:"" )"
+        R"(airPlayImage:"" queue:null queueTlid:null playlists:null filters:[] filterTitles:[])"_s);
+    row([] { return new Theme; },
+        R"(background:"#000000" menu:"#000000" header:"#000000" highlight:"#000000" )"
+        R"(icons:"#000000" text:"#000000" imgSuffix:"")"_s);
 }
 
 void TestItems::defaults()
 {
     QFETCH(const Make, make);
-    QFETCH(const QString, order);
-    QFETCH(const QString, json);
+    QFETCH(const QString, properties);
     m_plugin->initializeEngine(nullptr, nullptr); // makes list properties known, which are read here
     const std::unique_ptr<QObject> object(make());
-    QCOMPARE(objectToJson(object.get()), json);
-    QStringList names;
+    QStringList declared;
     for (int i = QObject::staticMetaObject.propertyCount(); i < object->metaObject()->propertyCount(); ++i)
-        names << QString::fromLatin1(object->metaObject()->property(i).name());
-    QCOMPARE(names.join(QLatin1Char(' ')), order);
+        declared << QString::fromLatin1(object->metaObject()->property(i).name()) + QLatin1Char(':');
+    QStringList expected = properties.split(QLatin1Char(' '));
+    for (int i = 0; i < expected.size(); ++i)
+        QCOMPARE(expected.at(i).section(QLatin1Char(':'), 0, 0) + QLatin1Char(':'), declared.value(i));
+    QCOMPARE(expected.size(), declared.size());
+    expected << "objectName:\"\""_s;
+    expected.sort();
+    const QString json = expected.join(QLatin1Char(','))
+                             .replace(QRegularExpression("(\\w+):"_s), "\"\\1\":"_s);
+    QCOMPARE(objectToJson(object.get()), "{"_s + json + "}"_s);
 }
 
 void TestItems::settersStoreAndAlwaysTell_data()
@@ -324,34 +295,33 @@ void TestItems::settersStoreAndAlwaysTell()
     }
 }
 
+// Small, medium and large of these widths; "first" and "last" in the hash's own order.
 void TestItems::pictureChoice_data()
 {
-    QTest::addColumn<Widths>("widths");
-    QTest::addColumn<QString>(
-        "chosen"); // small, medium and large; "first" and "last" in the hash's own order
-    QTest::newRow("none") << Widths{} << "- - -"_s;
-    QTest::newRow("one without a width") << Widths{0} << "0 0 0"_s;
-    QTest::newRow("one of each") << Widths{64, 300, 640} << "64 300 640"_s;
-    QTest::newRow("medium that is large, too") << Widths{500, 550} << "500 550 550"_s;
-    QTest::newRow("neither medium nor large") << Widths{64, 200} << "64 last last"_s;
-    QTest::newRow("many small ones") << Widths{0, 10, 20, 30, 40, 50, 299} << "0 last last"_s;
-    QTest::newRow("the sentinel alone") << Widths{100000} << "100000 100000 100000"_s;
-    QTest::newRow("all at the sentinel and above") << Widths{100000, 100001, 200000} << "first last 200000"_s;
-    QTest::newRow("just below the sentinel") << Widths{99999, 100000} << "99999 last 100000"_s;
-    QTest::newRow("bounds, inside") << Widths{300, 599} << "300 599 599"_s;
-    QTest::newRow("bounds, outside") << Widths{299, 600} << "299 last 600"_s;
-    QTest::newRow("large from 500") << Widths{499, 500} << "499 500 500"_s;
-    QTest::newRow("none large below 500") << Widths{400, 499} << "400 499 last"_s;
-    QTest::newRow("a negative width") << Widths{-5, 400} << "-5 400 last"_s;
+    Rows::add("widths chosen"_s, R"(
+        none ; ; - - -
+        one without a width ; 0 ; 0 0 0
+        one of each ; 64 300 640 ; 64 300 640
+        medium that is large, too ; 500 550 ; 500 550 550
+        neither medium nor large ; 64 200 ; 64 last last
+        many small ones ; 0 10 20 30 40 50 299 ; 0 last last
+        the sentinel alone ; 100000 ; 100000 100000 100000
+        all at the sentinel and above ; 100000 100001 200000 ; first last 200000
+        just below the sentinel ; 99999 100000 ; 99999 last 100000
+        bounds, inside ; 300 599 ; 300 599 599
+        bounds, outside ; 299 600 ; 299 last 600
+        large from 500 ; 499 500 ; 499 500 500
+        none large below 500 ; 400 499 ; 400 499 last
+        a negative width ; -5 400 ; -5 400 last)"_s);
 }
 
 void TestItems::pictureChoice()
 {
-    QFETCH(const Widths, widths);
+    QFETCH(const QString, widths);
     QFETCH(const QString, chosen);
     PlayerItem item;
-    for (const int width : widths)
-        item.images->insert(width, QString::number(width));
+    for (const QString &width : widths.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+        item.images->insert(width.toInt(), width);
     QStringList expected = chosen.split(QLatin1Char(' '));
     expected.replaceInStrings(QRegularExpression("^-$"_s), QString());
     if (!widths.isEmpty()) {
@@ -396,16 +366,11 @@ void TestItems::objectsAsJson()
 
 void TestItems::themeFiles_data()
 {
-    QTest::addColumn<QString>("colours");
-    QTest::addColumn<QString>("suffix");
-    QTest::newRow("theme0") << "#1d252b #2f363c #4a555d #6e99c7 #eeeeee #a5acad"_s
-                            << "_0"_s;
-    QTest::newRow("theme1") << "#1d252b #2f363c #4a555d #fcbf27 #eeeeee #a5acad"_s
-                            << "_1"_s;
-    QTest::newRow("theme2") << "#2e292d #4b4849 #555454 #6e99c7 #eeeeee #a5acad"_s
-                            << "_0"_s;
-    QTest::newRow("theme3") << "#2e292d #4b4849 #555454 #fcbf27 #eeeeee #a5acad"_s
-                            << "_1"_s;
+    Rows::add("colours suffix"_s, R"(
+        theme0 ; #1d252b #2f363c #4a555d #6e99c7 #eeeeee #a5acad ; _0
+        theme1 ; #1d252b #2f363c #4a555d #fcbf27 #eeeeee #a5acad ; _1
+        theme2 ; #2e292d #4b4849 #555454 #6e99c7 #eeeeee #a5acad ; _0
+        theme3 ; #2e292d #4b4849 #555454 #fcbf27 #eeeeee #a5acad ; _1)"_s);
 }
 
 void TestItems::themeFiles()
@@ -467,48 +432,25 @@ void TestItems::unknownWordsHaveNoText()
         QCOMPARE(DynamicTranslator::translation(word), QString());
 }
 
-void TestItems::jsonThatIsNoObject_data()
-{
-    QTest::addColumn<QString>("json");
-    QTest::addColumn<bool>("accepted");
-    QTest::newRow("array") << "[1,2]"_s << false;
-    QTest::newRow("text") << "\"localIp\""_s << false;
-    QTest::newRow("cut off") << R"({"localIp":"x")"_s << false;
-    QTest::newRow("empty") << QString() << false;
-    QTest::newRow("empty object") << "{}"_s << true;
-}
-
 void TestItems::jsonThatIsNoObject()
 {
-    QFETCH(const QString, json);
-    QFETCH(const bool, accepted);
-    Device device;
-    QCOMPARE(objectFromJson(&device, json), accepted);
-    QCOMPARE(objectToJson(&device), objectToJson(std::make_unique<Device>().get()));
-    QCOMPARE(device.dynamicPropertyNames(), QList<QByteArray>());
-}
-
-void TestItems::themeColours_data()
-{
-    QTest::addColumn<QJsonValue>("value");
-    QTest::addColumn<QColor>("colour");
-    QTest::newRow("a fourth part is ignored") << QJsonValue("1;2;3;4"_s) << QColor(1, 2, 3);
-    QTest::newRow("two parts") << QJsonValue("1;2"_s) << QColor(0, 0, 0);
-    QTest::newRow("nothing") << QJsonValue(QString()) << QColor(0, 0, 0);
-    QTest::newRow("a letter is 0") << QJsonValue("a;2;3"_s) << QColor(0, 2, 3);
-    QTest::newRow("empty parts are 0") << QJsonValue("255;;"_s) << QColor(255, 0, 0);
-    QTest::newRow("no text") << QJsonValue(12) << QColor(0, 0, 0);
-    QTest::newRow("out of range") << QJsonValue("300;0;0"_s) << QColor();
+    for (const QString &json : {"[1,2]"_s, "\"localIp\""_s, R"({"localIp":"x")"_s, QString(), "{}"_s}) {
+        Device device;
+        QCOMPARE(objectFromJson(&device, json), json == "{}"_s);
+        QCOMPARE(objectToJson(&device), objectToJson(std::make_unique<Device>().get()));
+        QCOMPARE(device.dynamicPropertyNames(), QList<QByteArray>());
+    }
 }
 
 void TestItems::themeColours()
 {
-    QFETCH(const QJsonValue, value);
-    QFETCH(const QColor, colour);
-    if (!colour.isValid())
-        QTest::ignoreMessage(QtWarningMsg, "QColor::fromRgb: RGB parameters out of range");
-    const Theme theme(QJsonObject{{"theme_text"_s, value}});
-    QCOMPARE(theme.text(), colour);
+    const QPair<QJsonValue, QColor> table[]{{"1;2;3;4"_s, QColor(1, 2, 3)}, {"1;2"_s, Qt::black},
+                                            {QString(), Qt::black},         {"a;2;3"_s, QColor(0, 2, 3)},
+                                            {"255;;"_s, QColor(255, 0, 0)}, {12, Qt::black},
+                                            {"300;0;0"_s, QColor()}};
+    QTest::ignoreMessage(QtWarningMsg, "QColor::fromRgb: RGB parameters out of range"); // of the last
+    for (const auto &row : table)
+        QCOMPARE(Theme(QJsonObject{{"theme_text"_s, row.first}}).text(), row.second);
 }
 
 void TestItems::themeWithoutItsKeys()

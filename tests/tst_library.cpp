@@ -62,8 +62,7 @@ void LibraryTest::initTestCase()
 
 void LibraryTest::walksFromTheRootToATrack()
 {
-    Listener listener;
-    QVERIFY(listener.start());
+    PlayingListener listener;
     ClientWindow &client = listener.client;
     client.click(Listener::libraryButton);
     QVERIFY(listener.sent({call("library.browse"_s, {{"uri"_s, QJsonValue()}})}));
@@ -87,8 +86,7 @@ void LibraryTest::walksFromTheRootToATrack()
 
 void LibraryTest::barNamesTheScreens()
 {
-    Listener listener;
-    QVERIFY(listener.start());
+    PlayingListener listener;
     listener.client.click(Listener::libraryButton);
     const auto bar = [&] {
         const QQuickItem *bar = listener.client.item("NavigationBar"_s); // that of the playlists waits below
@@ -123,8 +121,7 @@ void LibraryTest::menuOfATrack()
     QFETCH(bool, all);
     QFETCH(bool, next);
     QFETCH(bool, plays);
-    Listener listener;
-    QVERIFY(listener.start());
+    PlayingListener listener;
     QVERIFY(listener.openAlbum(album));
     const QString name = listener.track(album + 3).name;
     QVERIFY(listener.openMenuOf(name));
@@ -151,8 +148,7 @@ void LibraryTest::menuOfAnAlbum()
 {
     QFETCH(QString, row);
     QFETCH(QStringList, requests);
-    Listener listener;
-    QVERIFY(listener.start());
+    PlayingListener listener;
     QVERIFY(listener.openAlbums(album));
     const CatalogueTrack first = listener.track(album);
     QVERIFY(listener.shows(first.artists.constFirst().name));
@@ -204,9 +200,8 @@ void LibraryTest::itemsJoinAPlaylist()
 
 void LibraryTest::searchShowsFiveOfAKind()
 {
-    Listener listener;
+    PlayingListener listener;
     ClientWindow &client = listener.client;
-    QVERIFY(listener.start());
     client.server.faults().results.insert("core.library.search"_s, listener.results(6));
     QVERIFY(listener.search("Winter"_s));
     QVERIFY(listener.shows(listener.track(album).name));
@@ -229,9 +224,8 @@ void LibraryTest::searchShowsFiveOfAKind()
 
 void LibraryTest::searchInOneService()
 {
-    Listener listener;
+    PlayingListener listener;
     ClientWindow &client = listener.client;
-    QVERIFY(listener.start());
     QTRY_COMPARE(client.server.requestCount("core.get_uri_schemes"_s), 0);
     client.click(Listener::searchButton);
     QVERIFY(client.clickOn("Show filters"_s));
@@ -256,9 +250,8 @@ void LibraryTest::searchInOneService()
 // On the first screen a track plays by its menu alone, and an album leads on.
 void LibraryTest::tracksOfASearch()
 {
-    Listener listener;
+    PlayingListener listener;
     ClientWindow &client = listener.client;
-    QVERIFY(listener.start());
     client.server.faults().results.insert(
         "core.library.search"_s,
         QJsonArray{MopidyModels::searchResult("local:search"_s, {MopidyModels::track(listener.track(album))},
@@ -277,8 +270,7 @@ void LibraryTest::tracksOfASearch()
 
 void LibraryTest::playlistIsOpened()
 {
-    Listener listener;
-    QVERIFY(listener.start());
+    PlayingListener listener;
     QVERIFY(listener.openPlaylists());
     QVERIFY(listener.client.clickOn("Morning"_s));
     const QStringList uris = listener.uris(30, 33);
@@ -306,8 +298,7 @@ void LibraryTest::menuOfAPlaylist()
 {
     QFETCH(QString, row);
     QFETCH(bool, replaces);
-    Listener listener;
-    QVERIFY(listener.start());
+    PlayingListener listener;
     QVERIFY(listener.openPlaylists());
     QVERIFY(listener.openPlaylistMenu());
     QVERIFY(listener.client.clickOn(row));
@@ -333,9 +324,8 @@ void LibraryTest::playlistIsNamed()
 {
     QFETCH(bool, renames);
     QFETCH(QString, name);
-    Listener listener;
+    PlayingListener listener;
     ClientWindow &client = listener.client;
-    QVERIFY(listener.start());
     QVERIFY(listener.openPlaylists());
     QVERIFY(!renames || listener.openPlaylistMenu());
     QVERIFY(client.clickOn(renames ? "Rename"_s : "Add"_s));
@@ -357,9 +347,8 @@ void LibraryTest::playlistIsNamed()
 // "Cancel" leaves the question standing.
 void LibraryTest::playlistIsDeleted()
 {
-    Listener listener;
+    PlayingListener listener;
     ClientWindow &client = listener.client;
-    QVERIFY(listener.start());
     QVERIFY(listener.openPlaylists());
     QVERIFY(listener.openPlaylistMenu());
     client.forgetCommands();
@@ -374,9 +363,8 @@ void LibraryTest::playlistIsDeleted()
 
 void LibraryTest::playlistIsTiedToASlot()
 {
-    Listener listener;
+    PlayingListener listener;
     ClientWindow &client = listener.client;
-    QVERIFY(listener.start());
     QVERIFY(listener.openPlaylists());
     QVERIFY(listener.openPlaylistMenu());
     QVERIFY(client.clickOn("Associate"_s));
@@ -393,8 +381,7 @@ void LibraryTest::playlistIsTiedToASlot()
 
 void LibraryTest::playlistsFollowTheServer()
 {
-    Listener listener;
-    QVERIFY(listener.start());
+    PlayingListener listener;
     QVERIFY(listener.openPlaylists());
     listener.client.server.playlists()->put("Night"_s, listener.uris(50, 52));
     QVERIFY(listener.shows("Night"_s));

@@ -7,6 +7,7 @@
 #include "link/HalvoraConnThread.h"
 #include "link/WatchdogInterval.h"
 #include "simulator/DeviceSimulator.h"
+#include "support/Rows.h"
 #include "support/Suite.h"
 
 #include <QSettings>
@@ -89,6 +90,12 @@ struct House
         link.restartLink();
     }
 
+    void connect()
+    {
+        start();
+        QTRY_COMPARE(firstConnected, 1);
+    }
+
     // Until everything that was sent either way has arrived.
     void settle()
     {
@@ -114,6 +121,11 @@ struct House
     int firstConnected = 0;
     int dialogs = 0;
     HalvoraConnThread link;
+};
+
+struct ConnectedHouse final : House
+{
+    ConnectedHouse() { connect(); }
 };
 
 } // namespace
@@ -162,40 +174,33 @@ private Q_SLOTS:
 
 void TestLink::login_data()
 {
-    QTest::addColumn<QString>("username");
-    QTest::addColumn<QString>("password");
-    QTest::addColumn<QByteArray>("frame");
-    const QByteArray shortFrame =
-        "B4Fy9G49nBLq3uXuwuQj59ksPZE1Z/8W5EC0cOOJWTIeZnrRyAZoNmH2W6paXtQHiNhZwqe3diVA6p+"
-        "Y8F+u6g==";
-    QTest::newRow("long")
-        << u8"Jörg"_s << u8"Schlüssel"_s
-        << QByteArray("B4Fy9G49nBLq3uXuwuQj5yN0URrQyrODHBQL5V3REi66P4/ncI03mFlwnkYTg646Gcd/ZFOcbGliV"
-                      "3tNGPBoV8DzghSWs6xePc22TPnfjJRokfMeSH85PKLn1w55yEaRP36/woGRZagKRZCz6tctbQ==");
-    QTest::newRow("short") << QString() << QString() << shortFrame;
-    QTest::newRow("a name without a password") << u8"Jörg"_s << QString() << shortFrame;
-    QTest::newRow("a password without a name") << QString() << "secret"_s << shortFrame;
+    const QString shortFrame =
+        "B4Fy9G49nBLq3uXuwuQj59ksPZE1Z/8W5EC0cOOJWTIeZnrRyAZoNmH2W6paXtQHiNhZwqe3diVA6p+Y8F+u6g=="_s;
+    const QString longFrame = "B4Fy9G49nBLq3uXuwuQj5yN0URrQyrODHBQL5V3REi66P4/ncI03mFlwnkYTg646Gcd/ZFOcbGliV"
+                              "3tNGPBoV8DzghSWs6xePc22TPnfjJRokfMeSH85PKLn1w55yEaRP36/woGRZagKRZCz6tctbQ=="_s;
+    Rows::add("username password frame"_s, u8R"(
+        long ; Jörg ; Schlüssel ; %1
+        short ; ; ; %2
+        a name without a password ; Jörg ; ; %2
+        a password without a name ; ; secret ; %2)"_s.arg(longFrame, shortFrame));
 }
 
 void TestLink::login()
 {
     QFETCH(const QString, username);
     QFETCH(const QString, password);
-    QFETCH(const QByteArray, frame);
+    QFETCH(const QString, frame);
     House house;
     house.record.setUsername(username);
     house.record.setPassword(password);
-    house.start();
-    QTRY_COMPARE(house.firstConnected, 1);
+    house.connect();
     const QByteArray stateRequestFrame = "FAYSYoPAGLu2LvRIteRAgg==";
-    QCOMPARE(house.device.receivedFrames(), (QList<QByteArray>{frame, stateRequestFrame}));
+    QCOMPARE(house.device.receivedFrames(), (QList<QByteArray>{frame.toLatin1(), stateRequestFrame}));
 }
 
 void TestLink::startTellsTheScreensAndDeliversTheDump()
 {
-    House house;
-    house.start();
-    QTRY_COMPARE(house.firstConnected, 1);
+    ConnectedHouse house;
     QCOMPARE(house.said, (QStringList{"show"_s, connecting, authenticating, "hide"_s}));
     QCOMPARE(house.commands, dumpOf(house.device.state()));
     house.link.stopLink();
@@ -206,9 +211,7 @@ void TestLink::startTellsTheScreensAndDeliversTheDump()
 
 void TestLink::commandsAreNumbered()
 {
-    House house;
-    house.start();
-    QTRY_COMPARE(house.firstConnected, 1);
+    ConnectedHouse house;
     Q_EMIT house.link.requireSendCommand("2000|100|7|30"_s);
     Q_EMIT house.link.requireSendString(u8"HELLO|Küche"_s);
     QTRY_COMPARE(house.device.numberedMessages().mid(2),
@@ -217,9 +220,7 @@ void TestLink::commandsAreNumbered()
 
 void TestLink::pollsAreAnsweredAndNotDelivered()
 {
-    House house;
-    house.start();
-    QTRY_COMPARE(house.firstConnected, 1);
+    ConnectedHouse house;
     house.commands.clear();
     for (int i = 0; i < 3; ++i)
         house.device.broadcast(DeviceMessages::KeepAlive);
@@ -232,43 +233,34 @@ void TestLink::pollsAreAnsweredAndNotDelivered()
 
 void TestLink::subCodes_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QStringList>("urls");
-    QTest::addColumn<QStringList>("command");
-    const auto delivered = [](const QString &text) { return text.split(QLatin1Char('|')); };
-    QTest::newRow("20 with both addresses")
-        << "1|BROAD|20|x|get|post"_s << QStringList{"get post"_s} << QStringList();
-    QTest::newRow("20 with more fields")
-        << "1|BROAD|20|x|get|post|z"_s << QStringList{"get post"_s} << QStringList();
-    QTest::newRow("20 with empty ones") << "1|BROAD|20|x||"_s << QStringList{" "_s} << QStringList();
-    QTest::newRow("a poll, as empty fields do not count for it")
-        << "1|BROAD||5|z"_s << QStringList() << QStringList();
-    QTest::newRow("20 with one address") << "1|BROAD|20|x|get"_s << QStringList() << QStringList();
-    for (const QString &text : {"1|BROAD|0|100"_s, "1|BROAD|3"_s, "1|BROAD|2|100||3@2|"_s, "1|BROAD|x|y"_s,
-                                "1|BROAD|05|z"_s, "1|BROAD|21|a|b|c"_s})
-        QTest::newRow(qPrintable(text)) << text << QStringList() << delivered(text);
+    Rows::add("text url"_s, R"(
+        20 with both addresses ; 1|BROAD|20|x|get|post ; get post
+        20 with more fields ; 1|BROAD|20|x|get|post|z ; get post
+        20 with one address ; 1|BROAD|20|x|get ; none
+        a poll, as empty fields do not count for it ; 1|BROAD||5|z ; none
+        ; 1|BROAD|0|100
+        ; 1|BROAD|2|100||3@2|
+        ; 1|BROAD|x|y
+        ; 1|BROAD|05|z
+        ; 1|BROAD|21|a|b|c)"_s);
 }
 
 void TestLink::subCodes()
 {
     QFETCH(const QString, text);
-    QFETCH(const QStringList, urls);
-    QFETCH(const QStringList, command);
-    House house;
-    house.start();
-    QTRY_COMPARE(house.firstConnected, 1);
+    QFETCH(const QString, url); // empty: the text is delivered
+    ConnectedHouse house;
     house.commands.clear();
     house.device.sendPlain(text);
     house.settle();
-    QCOMPARE(house.urls, urls);
-    QCOMPARE(house.commands, command.isEmpty() ? QList<QStringList>() : QList<QStringList>{command});
+    QCOMPARE(house.urls.join(QString()), url == "none"_s ? QString() : url);
+    QCOMPARE(house.commands.value(0).join(QLatin1Char('|')), url.isEmpty() ? text : QString());
+    QCOMPARE(house.commands.size(), int(url.isEmpty()));
 }
 
 void TestLink::firstConnectedOnceARun()
 {
-    House house;
-    house.start();
-    QTRY_COMPARE(house.firstConnected, 1);
+    ConnectedHouse house;
     house.device.broadcast(DeviceMessages::DumpEnd);
     house.settle();
     QCOMPARE(house.firstConnected, 1);
@@ -279,20 +271,15 @@ void TestLink::firstConnectedOnceARun()
 
 void TestLink::addressChoice_data()
 {
-    QTest::addColumn<QString>("steps"); // devices set one after the other, by the addresses that they have
-    QTest::addColumn<QString>("dialled");
-    QTest::newRow("local alone") << "local"_s
-                                 << "local"_s;
-    QTest::newRow("remote alone") << "remote"_s
-                                  << "remote"_s;
-    QTest::newRow("local wins") << "local+remote"_s
-                                << "local"_s;
-    QTest::newRow("remote after local dials the empty local address") << "local remote"_s << QString();
-    QTest::newRow("local after remote") << "remote local"_s
-                                        << "local"_s;
-    QTest::newRow("remote after local and none") << "local none remote"_s
-                                                 << "remote"_s;
-    QTest::newRow("none") << "none"_s << QString();
+    // `steps`: devices set one after the other, by the addresses that they have
+    Rows::add("steps dialled"_s, R"(
+        local alone ; local ; local
+        remote alone ; remote ; remote
+        local wins ; local+remote ; local
+        remote after local dials the empty local address ; local remote
+        local after remote ; remote local ; local
+        remote after local and none ; local none remote ; remote
+        none ; none)"_s);
 }
 
 void TestLink::addressChoice()
@@ -329,8 +316,7 @@ void TestLink::cutStreamsDeliverTheSame()
 {
     House house;
     house.device.faults().splitPauseMs = 2;
-    house.start();
-    QTRY_COMPARE(house.firstConnected, 1);
+    house.connect();
     const QList<QStringList> expected = dumpOf(house.device.state());
     int streamSize = 0;
     const int joinSize = FrameCodec::encryptText("1|JOIN"_s).size() + 3;
@@ -419,8 +405,7 @@ void TestLink::lostConnectionIsDialledAtTheNextTick()
 void TestLink::silentRedial()
 {
     House house(100);
-    house.start();
-    QTRY_COMPARE(house.firstConnected, 1);
+    house.connect();
     Q_EMIT house.link.requireSendCommand("2000|100|7|30"_s);
     QTRY_COMPARE(house.device.messages().size(), 3);
     house.device.broadcast(DeviceMessages::KeepAlive);
@@ -534,8 +519,7 @@ void TestLink::commandsWhileDownAreLost()
 {
     House house;
     Q_EMIT house.link.requireSendCommand("1"_s);
-    house.start();
-    QTRY_COMPARE(house.firstConnected, 1);
+    house.connect();
     house.link.stopLink();
     Q_EMIT house.link.requireSendCommand("2"_s);
     house.device.clearReceived();
@@ -568,9 +552,7 @@ void TestLink::noCommandAheadOfTheLogin()
 
 void TestLink::rubbishIsDropped()
 {
-    House house;
-    house.start();
-    QTRY_COMPARE(house.firstConnected, 1);
+    ConnectedHouse house;
     house.commands.clear();
     house.device.sendRaw("no Base64 at all %%%AAAA%%%%%%");
     for (const QString &text :

@@ -48,14 +48,8 @@ struct Stage : Studio
     // The requests since the last call: the last word of the method, and the parameters.
     QStringList asked()
     {
-        QStringList texts;
-        for (const QString &text : sent()) {
-            const QJsonObject request = json(text).toObject();
-            texts << request.value("method"_s).toString().section(QLatin1Char('.'), -1);
-            if (request.contains("params"_s))
-                texts.last() += QLatin1Char(' ') + textOf(request.value("params"_s));
-        }
-        return texts;
+        QStringList texts = Studio::asked();
+        return texts.replaceInStrings(QRegularExpression("^core\\.\\w+\\."_s), QString());
     }
 
     // The signals since the last call, without the marks behind what was said and replied.
@@ -117,7 +111,6 @@ const QString mixed = R"("result":[1,null,"x",[],{"uri":3},{"tlid":"a","track":[
 const QString odd = R"("result":{"b":[1,{}],"local:a":5,"tracks":7,"uri":[]})"_s;
 const QString yes = R"("result":true)"_s;
 const QString number = R"("result":3)"_s;
-const QString missing = R"("jsonrpc":"2.0")"_s;
 const QStringList outcomes{R"("result":null)"_s,
                            yes,
                            number,
@@ -127,120 +120,90 @@ const QStringList outcomes{R"("result":null)"_s,
                            empty,
                            mixed,
                            odd,
-                           missing,
+                           R"("jsonrpc":"2.0")"_s,
                            R"("error":{"code":-32603})"_s};
+
+// What is only asked, or only heard.
+Effect asks(const QStringList &requests)
+{
+    return {{}, {}, {}, requests};
+}
+Effect changes(const QString &from, const QString &to, const QString &heard, const QStringList &asked = {})
+{
+    return {from, to, heard, asked};
+}
 
 QList<Asker> askers()
 {
     using Player = HalvoraPlayer;
     const Act poll = [](Player &p) { p.refreshTimerTimeout(); };
-    const Effect noLists{"lists:m3u:x"_s, "lists:"_s, "p.playlistsChanged"_s, {}};
     const QString mixedList = mixed.section(QLatin1Char(':'), 1);
-    return {
-        {"updateUriSchemes",
-         "core.get_uri_schemes"_s,
-         poll,
-         {},
-         {{none, {",local"_s, {}, "p.filtersChanged"_s, {}}},
-          {mixed, {",local"_s, ",,,x,,,"_s, "p.filtersChanged"_s, {}}}}},
-        {"updatePlaybackStatus",
-         "core.playback.get_state"_s,
-         poll,
-         {"2 1 1"_s, "0 1 1"_s, "p.playPauseChanged"_s, {}},
-         {}},
-        {"updateTrackInfo",
-         "core.playback.get_current_track"_s,
-         poll,
-         {},
-         {{odd,
-           {"song:local:a time:4 queue:3 lists:m3u:x filters:all,local pictures:1p"_s,
-            "song: time:0 queue:3 lists:m3u:x filters:all,local pictures:"_s,
-            "p.currentSongChanged"_s,
-            {R"(get_images {"uris":[""]})"_s}}}}},
-        {"updateTrackImages",
-         "core.library.get_images"_s,
-         [](Player &p) {
-             p.currentSong()->images->clear();
-             p.updateTrackInfo(json(track));
-             p.currentSong()->images->insert(1, "p"_s);
-         },
-         {},
-         {{odd, {":1p"_s, ":0"_s, "p.currentSongImageChanged"_s, {}}}}},
-        {"updateTrackTime",
-         "core.playback.get_time_position"_s,
-         poll,
-         {"time:4"_s, "time:0"_s, "s.currTimeChanged"_s, {}},
-         {{number, {"time:4"_s, "time:1"_s, "s.currTimeChanged"_s, {}}}}},
-        {"updateRandom",
-         "core.tracklist.get_random"_s,
-         poll,
-         {"2 1 1"_s, "2 0 1"_s, "p.shuffleChanged"_s, {}},
-         {{yes, {{}, {}, "p.shuffleChanged"_s, {}}}}},
-        {"updateRepeat",
-         "core.tracklist.get_repeat"_s,
-         poll,
-         {"2 1 1"_s, "2 1 0"_s, "p.repeatChanged"_s, {}},
-         {{yes, {{}, {}, "p.repeatChanged"_s, {}}}}},
-        {"updateQueue",
-         "core.tracklist.get_tl_tracks"_s,
-         poll,
-         {"queue:3 lists:m3u:x filters:all,local pictures:1p;2q"_s,
-          "queue: lists:m3u:x filters:all,local pictures:1p;"_s,
-          "p.queueChanged"_s,
-          {}},
-         {{mixed,
-           {"queue:3 lists:m3u:x filters:all,local pictures:1p;2q"_s,
-            "queue:0 lists:m3u:x filters:all,local pictures:1p;"_s,
-            "p.queueChanged"_s,
-            {R"(get_images {"uris":[""]})"_s}}}}},
-        {"updateQueueImages",
-         "core.library.get_images"_s,
-         [](Player &p) {
-             p.updateQueue(json(R"([{"tlid":3,"track":{"uri":"c"}}])"_s));
-             listed(p.queue()).first()->images->insert(2, "q"_s);
-         },
-         {},
-         {}},
-        {"updatePlaylists",
-         "core.playlists.as_list"_s,
-         poll,
-         noLists,
-         {{mixed, {"lists:m3u:x"_s, "lists:m"_s, "p.playlistsChanged"_s, {}}}}},
-        {"updatePlaylistJson",
-         "core.playlists.lookup"_s,
-         [](Player &p) { p.actionEditPlaylistWithUris("m3u:x"_s, {}); },
-         {},
-         {{empty, {{}, {}, {}, {R"(save {"playlist":{"tracks":[]}})"_s}}},
-          {odd, {{}, {}, {}, {R"(save {"playlist":{"b":[1,{}],"local:a":5,"tracks":[],"uri":[]}})"_s}}}}},
-        {"updatePlaylistJsonFromQueue",
-         "core.playlists.create"_s,
-         [](Player &p) { p.actionCreatePlaylist("x"_s, true); },
-         {{}, {}, {}, {"get_tracks"_s}},
-         {}},
-        {"updatePlaylistTracks",
-         "core.tracklist.get_tracks"_s,
-         [](Player &p) { p.updatePlaylistJsonFromQueue(json(R"({"uri":"m3u:x","tracks":[1]})"_s)); },
-         {},
-         {{none, {{}, {}, {}, {R"(save {"playlist":{"tracks":[],"uri":"m3u:x"}})"_s}}},
-          {mixed, {{}, {}, {}, {R"(save {"playlist":{"tracks":%1,"uri":"m3u:x"}})"_s.arg(mixedList)}}}}},
-        {"actionPlayNow",
-         "core.tracklist.add"_s,
-         [](Player &p) { p.actionPlayAdd({"a"_s}, -1, true); },
-         {},
-         {{none, {{}, {}, {}, {"play {}"_s}}}, {mixed, {{}, {}, {}, {"play {}"_s}}}}},
-        {"actionPlayList",
-         "core.playlists.get_items"_s,
-         [](Player &p) { p.actionOpenPlaylistWithUri("m3u:x"_s); },
-         {},
-         {{none, {{}, {}, {}, {"stop"_s, "clear"_s, R"(add {"uris":[]})"_s}}},
-          {mixed, {{}, {}, {}, {"stop"_s, "clear"_s, R"(add {"uris":["","m"]})"_s}}}}},
-        {"actionAddList",
-         "core.playlists.get_items"_s,
-         [](Player &p) { p.actionAddPlaylistWithUri("m3u:x"_s); },
-         {},
-         {{none, {{}, {}, {}, {R"(add {"uris":[]})"_s}}},
-          {mixed, {{}, {}, {}, {R"(add {"uris":["","m"]})"_s}}}}},
+    const QString rest = " lists:m3u:x filters:all,local pictures:1p"_s;
+    const QStringList picturesOfNobody{R"(get_images {"uris":[""]})"_s};
+    const auto add = [](const char *uris) { return "add {\"uris\":%1}"_s.arg(QLatin1String(uris)); };
+    const auto save = [](const QString &tracks) {
+        return asks({R"(save {"playlist":{"tracks":%1,"uri":"m3u:x"}})"_s.arg(tracks)});
     };
+    QList<Asker> all;
+    const auto ask = [&](const char *handler, const QString &method, const Act &act, const Effect &usual = {},
+                         const QHash<QString, Effect> &others = {}) {
+        all << Asker{handler, method, act, usual, others};
+    };
+    ask("updateUriSchemes", "core.get_uri_schemes"_s, poll, {},
+        {{none, changes(",local"_s, {}, "p.filtersChanged"_s)},
+         {mixed, changes(",local"_s, ",,,x,,,"_s, "p.filtersChanged"_s)}});
+    ask("updatePlaybackStatus", "core.playback.get_state"_s, poll,
+        changes("2 1 1"_s, "0 1 1"_s, "p.playPauseChanged"_s));
+    ask("updateTrackInfo", "core.playback.get_current_track"_s, poll, {},
+        {{odd,
+          changes("song:local:a time:4 queue:3"_s + rest, QString("song: time:0 queue:3"_s + rest).chopped(2),
+                  "p.currentSongChanged"_s, picturesOfNobody)}});
+    ask("updateTrackImages", "core.library.get_images"_s,
+        [](Player &p) {
+            p.currentSong()->images->clear();
+            p.updateTrackInfo(json(track));
+            p.currentSong()->images->insert(1, "p"_s);
+        },
+        {}, {{odd, changes(":1p"_s, ":0"_s, "p.currentSongImageChanged"_s)}});
+    ask("updateTrackTime", "core.playback.get_time_position"_s, poll,
+        changes("time:4"_s, "time:0"_s, "s.currTimeChanged"_s),
+        {{number, changes("time:4"_s, "time:1"_s, "s.currTimeChanged"_s)}});
+    ask("updateRandom", "core.tracklist.get_random"_s, poll,
+        changes("2 1 1"_s, "2 0 1"_s, "p.shuffleChanged"_s), {{yes, changes({}, {}, "p.shuffleChanged"_s)}});
+    ask("updateRepeat", "core.tracklist.get_repeat"_s, poll,
+        changes("2 1 1"_s, "2 1 0"_s, "p.repeatChanged"_s), {{yes, changes({}, {}, "p.repeatChanged"_s)}});
+    ask("updateQueue", "core.tracklist.get_tl_tracks"_s, poll,
+        changes("queue:3"_s + rest + ";2q"_s, "queue:"_s + rest + ";"_s, "p.queueChanged"_s),
+        {{mixed,
+          changes("queue:3"_s + rest + ";2q"_s, "queue:0"_s + rest + ";"_s, "p.queueChanged"_s,
+                  picturesOfNobody)}});
+    ask("updateQueueImages", "core.library.get_images"_s, [](Player &p) {
+        p.updateQueue(json(R"([{"tlid":3,"track":{"uri":"c"}}])"_s));
+        listed(p.queue()).first()->images->insert(2, "q"_s);
+    });
+    ask("updatePlaylists", "core.playlists.as_list"_s, poll,
+        changes("lists:m3u:x"_s, "lists:"_s, "p.playlistsChanged"_s),
+        {{mixed, changes("lists:m3u:x"_s, "lists:m"_s, "p.playlistsChanged"_s)}});
+    ask("updatePlaylistJson", "core.playlists.lookup"_s,
+        [](Player &p) { p.actionEditPlaylistWithUris("m3u:x"_s, {}); }, {},
+        {{empty, asks({R"(save {"playlist":{"tracks":[]}})"_s})},
+         {odd, asks({R"(save {"playlist":{"b":[1,{}],"local:a":5,"tracks":[],"uri":[]}})"_s})}});
+    ask(
+        "updatePlaylistJsonFromQueue", "core.playlists.create"_s,
+        [](Player &p) { p.actionCreatePlaylist("x"_s, true); }, asks({"get_tracks"_s}));
+    ask("updatePlaylistTracks", "core.tracklist.get_tracks"_s,
+        [](Player &p) { p.updatePlaylistJsonFromQueue(json(R"({"uri":"m3u:x","tracks":[1]})"_s)); }, {},
+        {{none, save("[]"_s)}, {mixed, save(mixedList)}});
+    ask("actionPlayNow", "core.tracklist.add"_s, [](Player &p) { p.actionPlayAdd({"a"_s}, -1, true); }, {},
+        {{none, asks({"play {}"_s})}, {mixed, asks({"play {}"_s})}});
+    ask("actionPlayList", "core.playlists.get_items"_s,
+        [](Player &p) { p.actionOpenPlaylistWithUri("m3u:x"_s); }, {},
+        {{none, asks({"stop"_s, "clear"_s, add("[]")})},
+         {mixed, asks({"stop"_s, "clear"_s, add(R"(["","m"])")})}});
+    ask("actionAddList", "core.playlists.get_items"_s,
+        [](Player &p) { p.actionAddPlaylistWithUri("m3u:x"_s); }, {},
+        {{none, asks({add("[]")})}, {mixed, asks({add(R"(["","m"])")})}});
+    return all;
 }
 
 } // namespace

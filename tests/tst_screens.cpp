@@ -83,8 +83,7 @@ void ScreensTest::initTestCase()
 
 void ScreensTest::outputsShowTheDevice()
 {
-    ClientWindow client;
-    QVERIFY(client.showOutputs());
+    OutputsWindow client;
     QCOMPARE(client.texts(),
              (QStringList{"Show all"_s, "Show by source"_s, "Terrace"_s, "Music"_s, "Kitchen"_s, "Radio"_s,
                           "Bath"_s, "Music"_s}));
@@ -115,8 +114,7 @@ void ScreensTest::clicksReachTheDevice()
 {
     QFETCH(QList<QPoint>, clicks);
     QFETCH(QString, command);
-    ClientWindow client;
-    QVERIFY(client.showOutputs());
+    OutputsWindow client;
     client.forgetCommands();
     for (const QPoint &place : qAsConst(clicks)) {
         client.click(place);
@@ -130,8 +128,7 @@ void ScreensTest::clicksReachTheDevice()
 
 void ScreensTest::groupsBySource()
 {
-    ClientWindow client;
-    QVERIFY(client.showOutputs());
+    OutputsWindow client;
     client.click(showBySource);
     const QStringList bars{"Show all"_s, "Show by source"_s};
     QTRY_COMPARE(client.texts(),
@@ -150,8 +147,7 @@ void ScreensTest::groupsBySource()
 
 void ScreensTest::bandsMoveTheirSource()
 {
-    ClientWindow client;
-    QVERIFY(client.showOutputs());
+    OutputsWindow client;
     client.click(showBySource);
     QTRY_VERIFY(client.item("SourceBand"_s, 1));
     QCOMPARE(client.item("HorizontalSlider"_s)->property("value").toInt(), 70);
@@ -164,8 +160,7 @@ void ScreensTest::bandsMoveTheirSource()
 
 void ScreensTest::matrixOpensAndCloses()
 {
-    ClientWindow client;
-    QVERIFY(client.showOutputs());
+    OutputsWindow client;
     QQuickItem *matrix = client.item("MatrixPopup"_s);
     QCOMPARE(matrix->y(), 640.0);
     client.click(matrixButton);
@@ -186,8 +181,7 @@ void ScreensTest::matrixOpensAndCloses()
 
 void ScreensTest::matrixFollowsTheDevice()
 {
-    ClientWindow client;
-    QVERIFY(client.showOutputs());
+    OutputsWindow client;
     client.click(matrixButton);
     const auto columns = [&] {
         QList<int> columns;
@@ -206,8 +200,7 @@ void ScreensTest::matrixFollowsTheDevice()
 
 void ScreensTest::coversAreDrawn()
 {
-    ClientWindow client;
-    QVERIFY(client.showOutputs());
+    OutputsWindow client;
     // A cover of one colour cannot be mistaken for anything else that is drawn.
     QImage green(300, 300, QImage::Format_RGB32);
     green.fill(Qt::green);
@@ -231,8 +224,7 @@ void ScreensTest::coversAreDrawn()
 
 void ScreensTest::airPlayTakesOverTheRow()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     const QString song = client.server.playback()->current().track.name;
     client.selectTab(0);
     client.device.setAirPlay(2, {true, "Tide"_s, "Shore"_s, "Ann"_s, {}});
@@ -260,8 +252,7 @@ void ScreensTest::startOrders()
 
 void ScreensTest::deviceDoesNotMoveAHeldSlider()
 {
-    ClientWindow client;
-    QVERIFY(client.showOutputs());
+    OutputsWindow client;
     QQuickItem *slider = client.item("HorizontalSlider"_s);
     const QPoint knob = sliderOf(0, 0.4);
     client.press(knob);
@@ -281,8 +272,7 @@ void ScreensTest::deviceDoesNotMoveAHeldSlider()
 
 void ScreensTest::dragSendsNowAndThenAndAtTheEnd()
 {
-    ClientWindow client;
-    QVERIFY(client.showOutputs());
+    OutputsWindow client;
     client.forgetCommands();
     const QPoint knob = sliderOf(0, 0.4);
     const QDateTime began = QDateTime::currentDateTime();
@@ -317,8 +307,7 @@ void ScreensTest::overlayTellsAndBlocks()
 
 void ScreensTest::screenIsRightAfterHaste()
 {
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     for (int turn = 0; turn < 20; ++turn) {
         client.selectTab(turn % 2);
         client.background();
@@ -338,8 +327,7 @@ void ScreensTest::screenIsRightAfterHaste()
 
 void ScreensTest::markupIsShownAsText()
 {
-    ClientWindow client;
-    QVERIFY(client.showOutputs());
+    OutputsWindow client;
     QVector<OutputState> outputs = client.device.state().outputs;
     outputs[0].name = "<img src='file:///none.png'><b>Bold & \"quoted\"</b>"_s;
     client.device.setOutputs(outputs);
@@ -394,8 +382,7 @@ void ScreensTest::screensFit_data()
 void ScreensTest::screensFit()
 {
     QFETCH(QSize, size);
-    ClientWindow client;
-    QVERIFY(client.showPlayer());
+    PlayerWindow client;
     client.view.resize(size);
     for (int tab : {1, 0}) {
         client.selectTab(tab);

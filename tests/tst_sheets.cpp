@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
+#include "support/Rows.h"
 #include "support/SceneItems.h"
 #include "support/Stage.h"
 #include "support/Suite.h"
@@ -11,6 +12,7 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QRegularExpression>
 
 /**
  * The menus for an item and the dialogs for a playlist, each in a window under a mouse.
@@ -83,84 +85,51 @@ void select(Stage *stage, const QString &type, const QString &name)
 
 void TestSheets::menuShowsItsItem_data()
 {
-    QTest::addColumn<QString>("sheet");
-    QTest::addColumn<QStringList>("types"); // of items "0", "1", ... shown one after the other
-    QTest::addColumn<QStringList>("texts");
-    const QStringList track{
-        "Play Now \"0\""_s,   "Play All Now"_s,    "Play Track Next"_s,     "Add to Queue"_s,
-        "Add All to Queue"_s, "Add to Playlist"_s, "Add All to Playlist"_s, "Show Album \"Album of 0\""_s};
-    const QStringList album{"Play Track Next"_s, "Add to Queue"_s, "Add to Playlist"_s};
-    QTest::newRow("track") << "MoreMenu"_s << QStringList{"track"_s}
-                           << QStringList{"0"_s, "Album of 0"_s, "Artist of 0"_s} + track;
-    QTest::newRow("track after track")
-        << "MoreMenu"_s << QStringList{"track"_s, "track"_s}
-        << QStringList{"1"_s, "Album of 1"_s, "Artist of 1"_s, "Play Now \"1\""_s} + track.mid(1, 6)
-            + QStringList{"Show Album \"Album of 1\""_s};
-    QTest::newRow("album") << "MoreMenu"_s << QStringList{"album"_s}
-                           << QStringList{"0"_s, "Artist of 0"_s, "Play Now \"0\""_s} + album;
-    QTest::newRow("album after track keeps the third row")
-        << "MoreMenu"_s << QStringList{"track"_s, "album"_s}
-        << QStringList{"1"_s, "Artist of 1"_s, "Artist of 0"_s, "Play Now \"1\""_s} + album;
-    QTest::newRow("artist after track keeps the rows")
-        << "MoreMenu"_s << QStringList{"track"_s, "artist"_s}
-        << QStringList{"1"_s, "Album of 0"_s, "Artist of 0"_s} + track;
-    QTest::newRow("playlist") << "PlaylistMoreMenu"_s << QStringList{"m3u"_s}
-                              << QStringList{"0"_s,      "Play Now \"0\""_s, "Add to Queue"_s,
-                                             "Rename"_s, "Associate"_s,      "Delete"_s};
-    QTest::newRow("playlist of a service")
-        << "PlaylistMoreMenu"_s << QStringList{"m3u"_s, "spotify"_s}
-        << QStringList{"1"_s, "Play Now \"1\""_s, "Add to Queue"_s, "Associate"_s};
+    // `types`: of items "0", "1", ... shown one after the other
+    Rows::add(
+        "sheet types texts"_s,
+        QString(R"(
+        track ; MoreMenu ; track ; 0, Album of 0, Artist of 0, TRACK 0
+        track after track ; MoreMenu ; track track ; 1, Album of 1, Artist of 1, TRACK 1
+        album ; MoreMenu ; album ; 0, Artist of 0, ALBUM 0
+        album after track keeps the third row ; MoreMenu ; track album ; 1, Artist of 1, Artist of 0, ALBUM 1
+        artist after track keeps the rows ; MoreMenu ; track artist ; 1, Album of 0, Artist of 0, TRACK 0
+        playlist ; PlaylistMoreMenu ; m3u ; 0, Play Now "0", Add to Queue, Rename, Associate, Delete
+        of a service ; PlaylistMoreMenu ; m3u spotify ; 1, Play Now "1", Add to Queue, Associate)"_s)
+            .replace(
+                QRegularExpression("TRACK (.)"_s),
+                "Play Now \"\\1\", Play All Now, Play Track Next, "
+                "Add to Queue, Add All to Queue, Add to Playlist, Add All to Playlist, Show Album \"Album of \\1\""_s)
+            .replace(QRegularExpression("ALBUM (.)"_s),
+                     "Play Now \"\\1\", Play Track Next, Add to Queue, Add to Playlist"_s));
 }
 
 void TestSheets::menuShowsItsItem()
 {
     QFETCH(QString, sheet);
-    QFETCH(QStringList, types);
-    QFETCH(QStringList, texts);
+    QFETCH(QString, types);
+    QFETCH(QString, texts);
     Stage stage(sheetText.arg(sheet));
-    QVERIFY(stage.ready);
-    for (int i = 0; i < types.size(); ++i)
-        select(&stage, types.at(i), QString::number(i));
-    QTRY_COMPARE(stage.texts(), texts);
+    int name = 0;
+    for (const QString &type : types.split(QLatin1Char(' ')))
+        select(&stage, type, QString::number(name++));
+    QTRY_COMPARE(stage.texts().join(", "_s), texts);
     stage.tested()->setProperty("selectedItem", QVariant::fromValue<PlayerItem *>(nullptr));
-    QCOMPARE(stage.texts(), texts);
+    QCOMPARE(stage.texts().join(", "_s), texts);
 }
 
 void TestSheets::menuActions_data()
 {
-    QTest::addColumn<QString>("sheet");
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("key");
-    const QString more = "MoreMenu"_s;
-    const QString playlist = "PlaylistMoreMenu"_s;
-    QTest::newRow("play") << more << "track"_s
-                          << "Play Now \"It\""_s
-                          << "It_PlayNow"_s;
-    QTest::newRow("play all") << more << "track"_s
-                              << "Play All Now"_s
-                              << "It_PlayNow_All"_s;
-    QTest::newRow("next") << more << "album"_s
-                          << "Play Track Next"_s
-                          << "It_PlayAfter"_s;
-    QTest::newRow("queue") << more << "album"_s
-                           << "Add to Queue"_s
-                           << "It_AddToQueue"_s;
-    QTest::newRow("queue all") << more << "track"_s
-                               << "Add All to Queue"_s
-                               << "It_AddToQueue_All"_s;
-    QTest::newRow("album") << more << "track"_s
-                           << "Show Album \"Album of It\""_s
-                           << "It_ShowAlbum"_s;
-    QTest::newRow("rename") << playlist << "m3u"_s
-                            << "Rename"_s
-                            << "It_Rename"_s;
-    QTest::newRow("delete") << playlist << "m3u"_s
-                            << "Delete"_s
-                            << "It_Delete"_s;
-    QTest::newRow("associate") << playlist << "spotify"_s
-                               << "Associate"_s
-                               << "It_Associate"_s;
+    Rows::add("sheet type text key"_s, R"(
+        ; MoreMenu ; track ; Play Now "It" ; It_PlayNow
+        ; MoreMenu ; track ; Play All Now ; It_PlayNow_All
+        ; MoreMenu ; album ; Play Track Next ; It_PlayAfter
+        ; MoreMenu ; album ; Add to Queue ; It_AddToQueue
+        ; MoreMenu ; track ; Add All to Queue ; It_AddToQueue_All
+        ; MoreMenu ; track ; Show Album "Album of It" ; It_ShowAlbum
+        ; PlaylistMoreMenu ; m3u ; Rename ; It_Rename
+        ; PlaylistMoreMenu ; m3u ; Delete ; It_Delete
+        ; PlaylistMoreMenu ; spotify ; Associate ; It_Associate)"_s);
 }
 
 void TestSheets::menuActions()
@@ -170,7 +139,6 @@ void TestSheets::menuActions()
     QFETCH(QString, text);
     QFETCH(QString, key);
     Stage stage(sheetText.arg(sheet));
-    QVERIFY(stage.ready);
     select(&stage, type, "It"_s);
     QTRY_VERIFY(stage.label(text));
     stage.clickOn(text);
@@ -183,7 +151,6 @@ void TestSheets::menuActions()
 void TestSheets::playlistIsChosen()
 {
     Stage stage(sheetText.arg("MoreMenu"_s));
-    QVERIFY(stage.ready);
     HalvoraPlayer player;
     const QJsonObject mine{{"uri"_s, "m3u:mine"_s}, {"name"_s, "Mine"_s}};
     player.updatePlaylists(QJsonArray{QJsonObject{{"uri"_s, "m3u:a"_s}, {"name"_s, "Other"_s}}, mine});
@@ -207,23 +174,14 @@ void TestSheets::playlistIsChosen()
 
 void TestSheets::dialogs_data()
 {
-    QTest::addColumn<QString>("scene");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("button");
-    QTest::addColumn<QStringList>("told");
-    const QString make = saveText.arg("okBtnText: \"Save\""_s);
-    const QString rename = saveText.arg("playlistUri: \"m3u:a\""_s);
-    const QString remove = deleteText.arg(QString());
-    QTest::newRow("create") << make << "<i>Mix</i>"_s
-                            << "Save"_s << QStringList{"create <i>Mix</i>"_s, "close"_s};
-    QTest::newRow("create without a name")
-        << make << QString() << "Save"_s << QStringList{"create "_s, "close"_s};
-    QTest::newRow("rename") << rename << "Mix"_s
-                            << "OK"_s << QStringList{"rename m3u:a Mix"_s, "close"_s};
-    QTest::newRow("cancel a name") << make << "Mix"_s
-                                   << "Cancel"_s << QStringList{"close"_s};
-    QTest::newRow("delete") << remove << QString() << "OK"_s << QStringList{"delete m3u:a"_s, "close"_s};
-    QTest::newRow("cancel a delete") << remove << QString() << "Cancel"_s << QStringList{"close nothing"_s};
+    // Scene 1 makes a playlist, 2 renames one and 3 deletes one.
+    Rows::add("scene name button told"_s, R"(
+        create ; 1 ; <i>Mix</i> ; Save ; create <i>Mix</i>, close
+        create without a name ; 1 ; ; Save ; create , close
+        rename ; 2 ; Mix ; OK ; rename m3u:a Mix, close
+        cancel a name ; 1 ; Mix ; Cancel ; close
+        delete ; 3 ; ; OK ; delete m3u:a, close
+        cancel a delete ; 3 ; ; Cancel ; close nothing)"_s);
 }
 
 void TestSheets::dialogs()
@@ -231,8 +189,10 @@ void TestSheets::dialogs()
     QFETCH(QString, scene);
     QFETCH(QString, name);
     QFETCH(QString, button);
-    Stage stage(scene);
-    QVERIFY(stage.ready);
+    QFETCH(QString, told);
+    Stage stage(scene == "3"_s
+                    ? deleteText.arg(QString())
+                    : saveText.arg(scene == "1"_s ? "okBtnText: \"Save\""_s : "playlistUri: \"m3u:a\""_s));
     stage.click({20, 20}); // on the veil
     if (!name.isEmpty()) {
         stage.click({225, 330}); // the field
@@ -242,13 +202,12 @@ void TestSheets::dialogs()
     const QStringList beforehand = stage.told();
     QCOMPARE(beforehand, name.isEmpty() ? QStringList() : QStringList{"typing"_s});
     stage.clickOn(button);
-    QTEST(stage.told(), "told");
+    QCOMPARE(stage.told().join(", "_s), told);
 }
 
 void TestSheets::fieldHasTheKeyboard()
 {
     Stage stage(saveText.arg(QString()));
-    QVERIFY(stage.ready);
     stage.click({225, 330});
     QTest::keyClick(&stage.view, 'a');
     QTest::keyClick(&stage.view, Qt::Key_Return);
@@ -280,7 +239,6 @@ void TestSheets::dialogScales()
     QFETCH(qreal, shownWidth);
     for (const QString &scene : {saveText, deleteText}) {
         Stage stage(scene.arg("headTitle: \"Title\""_s), smallScreen);
-        QVERIFY(stage.ready);
         stage.view.resize(size);
         QTRY_COMPARE(stage.view.rootObject()->size().toSize(), size);
         const QQuickItem *box = stage.label("Title"_s)->parentItem();
@@ -295,7 +253,6 @@ void TestSheets::hostileNamesStayInside()
     const QString name = "<b>\"a\"</b>\n\u05d0\u05d1 "_s + QString(500, QLatin1Char('w')) + "\n\n\nend"_s;
     for (const char *type : {"MoreMenu", "PlaylistMoreMenu"}) {
         Stage stage(sheetText.arg(QString::fromLatin1(type)));
-        QVERIFY(stage.ready);
         select(&stage, "track"_s, name);
         QTRY_VERIFY(!stage.texts().filter("Play Now \""_s + name).isEmpty());
         QCOMPARE(SceneItems::strays(stage.tested()), QStringList());
@@ -314,7 +271,6 @@ void TestSheets::longMessageGrowsTheBox()
     QFETCH(QString, scene);
     const QString body = "many words "_s.repeated(12).trimmed();
     Stage stage(scene.arg("headTitle: \"Title\"; bodyMessage: \"%1\""_s.arg(body)));
-    QVERIFY(stage.ready);
     const QQuickItem *box = stage.label("Title"_s)->parentItem();
     const QQuickItem *message = stage.label(body);
     QVERIFY(message->property("lineCount").toInt() > 3);
@@ -329,7 +285,6 @@ void TestSheets::longMessageGrowsTheBox()
 void TestSheets::newWidthSlidesNothing()
 {
     Stage stage("MoreMenu { width: parent.width; height: 640 }"_s);
-    QVERIFY(stage.ready);
     const QQuickItem *chooser = stage.tested()->childItems().constLast();
     stage.view.rootObject()->setWidth(900);
     QCOMPARE(chooser->x(), 900.0);

@@ -30,9 +30,9 @@ struct Studio
         player.setIpAddress(server.host());
         player.setPort(QString::number(server.port()));
         player.startConnection();
-        QVERIFY(QTest::qWaitFor([this] { return player.queueTlid().size() == 3; }));
+        QVERIFY(Waiting::comes([this] { return player.queueTlid().size() == 3; }));
         server.playback()->play(2); // its event alone tells the current id
-        QVERIFY(QTest::qWaitFor([this] { return isTrue(); }));
+        QVERIFY(Waiting::comes([this] { return isTrue(); }));
     }
 
     // Whether the mirror shows what the server has.
@@ -77,9 +77,6 @@ class TestSimulator final : public Suite
     Q_OBJECT
 
 private Q_SLOTS:
-    void albumIsQueued();
-    void removal_data();
-    void removal();
     void largeLibrary();
 
     void playerOutlivesFault_data();
@@ -88,34 +85,6 @@ private Q_SLOTS:
     void playerOutlivesWrongTypes();
     void refusedPlayerComesBack();
 };
-
-void TestSimulator::albumIsQueued()
-{
-    Studio studio;
-    studio.player.actionResetQueueWithUris({studio.server.catalogue().track(0).albumUri});
-    QTRY_COMPARE(studio.player.queueTlid().size(), Catalogue::tracksPerAlbum);
-    QTRY_VERIFY(studio.isTrue());
-}
-
-void TestSimulator::removal_data()
-{
-    QTest::addColumn<int>("form");
-    QTest::addColumn<int>("requests");
-    QTest::newRow("by tlid") << int(RemoveForm::Tlid) << 1;
-    QTest::newRow("by criteria") << int(RemoveForm::Criteria) << 2;
-}
-
-void TestSimulator::removal()
-{
-    QFETCH(const int, form);
-    Studio studio;
-    studio.server.setRemoveForm(RemoveForm(form));
-    studio.player.actionRemoveTrackFromQueue(2);
-    QTRY_COMPARE(studio.player.queueTlid(), (QList<int>{1, 2}));
-    studio.player.actionNext(); // is answered behind any further removal
-    QTRY_COMPARE(studio.server.requestCount("core.playback.next"_s), 1);
-    QTEST(studio.server.requestCount("core.tracklist.remove"_s), "requests");
-}
 
 void TestSimulator::largeLibrary()
 {

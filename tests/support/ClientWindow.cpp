@@ -6,6 +6,7 @@
 #include "plugin/TypeRegistry.h"
 #include "support/SceneItems.h"
 #include "support/Text.h"
+#include "support/Waiting.h"
 
 #include <QQmlContext>
 #include <QQmlEngine>
@@ -72,7 +73,7 @@ bool ClientWindow::show(bool screensFirst, const QSize &size)
 
 bool ClientWindow::showOutputs()
 {
-    return show() && QTest::qWaitFor([this] { return showsText("Bath"_s) && !item("ConnectionOverlay"_s); });
+    return show() && Waiting::comes([this] { return showsText("Bath"_s) && !item("ConnectionOverlay"_s); });
 }
 
 bool ClientWindow::showPlayer()
@@ -80,10 +81,10 @@ bool ClientWindow::showPlayer()
     server.tracklist()->add({server.catalogue().track(0), server.catalogue().track(20)});
     server.playback()->play();
     const QString title = server.playback()->current().track.name;
-    if (!showOutputs() || !QTest::qWaitFor([&] { return !texts().filter(title).isEmpty(); }))
+    if (!showOutputs() || !Waiting::comes([&] { return !texts().filter(title).isEmpty(); }))
         return false;
     click({50, 65 + 45});
-    return QTest::qWaitFor([&] { return tab() == 1 && showsText(title); });
+    return Waiting::comes([&] { return tab() == 1 && showsText(title); });
 }
 
 QObject *ClientWindow::scene(const char *name) const
@@ -257,4 +258,14 @@ QStringList ClientWindow::requests() const
             requests.append(written(request));
     }
     return requests;
+}
+
+OutputsWindow::OutputsWindow()
+{
+    QVERIFY(showOutputs());
+}
+
+PlayerWindow::PlayerWindow(const Catalogue &catalogue) : ClientWindow(catalogue)
+{
+    QVERIFY(showPlayer());
 }

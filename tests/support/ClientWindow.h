@@ -14,7 +14,7 @@
  * outputs 3, 7, 12 and sources 2 (music server), 9 (none). Everything is done by mouse events on the window, and
  * read from its items or pixels, or from what has reached the peers.
  */
-class ClientWindow final
+class ClientWindow
 {
 public:
     /// Outputs 3 and 12 play source 2, output 7 plays source 9. The music server stands but has nothing to play.
@@ -75,4 +75,15 @@ public:
 private:
     QList<QQuickItem *> itemsOnShow() const; // in the order of texts()
     QObject *scene(const char *name) const;
+};
+
+/// The same, on show with the outputs or the player; where that fails, so does the test.
+struct OutputsWindow final : ClientWindow
+{
+    OutputsWindow();
+};
+
+struct PlayerWindow final : ClientWindow
+{
+    explicit PlayerWindow(const Catalogue &catalogue = Catalogue());
 };

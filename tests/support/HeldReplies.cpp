@@ -4,9 +4,9 @@
 #include "support/HeldReplies.h"
 
 #include "support/Text.h"
+#include "support/Waiting.h"
 
 #include <QJsonDocument>
-#include <QtTest>
 
 #include <utility>
 
@@ -32,7 +32,7 @@ HeldReplies::~HeldReplies()
 
 bool HeldReplies::wait(int requests) const
 {
-    return QTest::qWaitFor([&] { return m_held.size() >= requests; });
+    return Waiting::comes([&] { return m_held.size() >= requests; });
 }
 
 bool HeldReplies::answer(const QJsonObject &reply, int copies)
@@ -58,7 +58,7 @@ bool HeldReplies::areTaken(MusicServerSimulator *server)
     for (int i = 0; i < questions; ++i) {
         const int before = server->requestCount(question);
         server->sendEvent("options_changed"_s);
-        if (!QTest::qWaitFor([&] { return server->requestCount(question) > before; }))
+        if (!Waiting::comes([&] { return server->requestCount(question) > before; }))
             return false;
     }
     return true;

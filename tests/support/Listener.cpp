@@ -5,8 +5,7 @@
 
 #include "simulator/MopidyModels.h"
 #include "support/Text.h"
-
-#include <QtTest>
+#include "support/Waiting.h"
 
 const QPoint Listener::libraryButton(40, 115);
 const QPoint Listener::searchButton(410, 115);
@@ -52,7 +51,7 @@ QString Listener::details(int position) const
 
 bool Listener::sent(const QStringList &expected)
 {
-    const bool came = QTest::qWaitFor([&] { return client.requests().size() >= expected.size(); });
+    const bool came = Waiting::comes([&] { return client.requests().size() >= expected.size(); });
     QTest::qWait(0);
     const bool right = came && client.requests() == expected;
     if (!right)
@@ -63,7 +62,7 @@ bool Listener::sent(const QStringList &expected)
 
 bool Listener::shows(const QString &text) const
 {
-    return QTest::qWaitFor([&] { return client.showsText(text); });
+    return Waiting::comes([&] { return client.showsText(text); });
 }
 
 bool Listener::openAlbums(int position)
@@ -91,7 +90,7 @@ bool Listener::openMenuOf(const QString &row, const QString &menu)
 
 bool Listener::isStill(const QString &type)
 {
-    return QTest::qWaitFor([&] {
+    return Waiting::comes([&] {
         const QQuickItem *panel = client.item(type);
         return panel && panel->y() == 0 && panel->x() == 0;
     });
@@ -100,13 +99,15 @@ bool Listener::isStill(const QString &type)
 bool Listener::closeFilters()
 {
     return client.clickOn("Select"_s)
-        && QTest::qWaitFor([&] { return client.item("FilterPanel"_s)->x() >= 450; });
+        && Waiting::comes([&] { return client.item("FilterPanel"_s)->x() >= 450; });
 }
 
 bool Listener::openPlaylists()
 {
-    client.server.playlists()->put("Morning"_s, uris(30, 33));
-    client.server.playlists()->put("Evening"_s, uris(33, 35));
+    if (client.server.playlists()->playlists().isEmpty()) {
+        client.server.playlists()->put("Morning"_s, uris(30, 33));
+        client.server.playlists()->put("Evening"_s, uris(33, 35));
+    }
     client.device.setPlaylistEntries({{4, "Preset one"_s, {}}, {9, "Preset two"_s, playlistUri(1)}});
     client.click(playlistsButton);
     if (!isStill("PlaylistsNavPopup"_s) || !shows("Preset two"_s))
@@ -143,4 +144,9 @@ QJsonArray Listener::results(int tracks) const
         found.append(MopidyModels::track(track(foundAlbum + i)));
     return {MopidyModels::searchResult("local:search"_s, found, {MopidyModels::album(track(otherAlbum))},
                                        {MopidyModels::artist(track(foundAlbum).artists.constFirst())})};
+}
+
+PlayingListener::PlayingListener(const Catalogue &catalogue) : Listener(catalogue)
+{
+    QVERIFY(start());
 }

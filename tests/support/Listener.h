@@ -10,7 +10,7 @@
  * A person at a client whose player screen stands, who walks through library, search and playlists. The queue holds
  * two tracks of other albums, the first of which plays. Calls that wait return false when it never came.
  */
-class Listener final
+class Listener
 {
 public:
     static const QPoint libraryButton;
@@ -56,4 +56,10 @@ public:
     QJsonArray results(int tracks) const;
 
     ClientWindow client;
+};
+
+/// The same after start(); where that fails, so does the test.
+struct PlayingListener final : Listener
+{
+    explicit PlayingListener(const Catalogue &catalogue = Catalogue());
 };

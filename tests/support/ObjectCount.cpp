@@ -3,6 +3,7 @@
 
 #include "support/ObjectCount.h"
 
+#include <QDir>
 #include <QObject>
 
 #include <atomic>
@@ -36,4 +37,9 @@ int ObjectCount::alive()
     qtHookData[objectAdded] = reinterpret_cast<quintptr>(&added);
     qtHookData[objectRemoved] = reinterpret_cast<quintptr>(&removed);
     return count;
+}
+
+int ObjectCount::threads()
+{
+    return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
 }

@@ -9,4 +9,7 @@ namespace ObjectCount {
 
 int alive();
 
+/// Number of threads of this process.
+int threads();
+
 } // namespace ObjectCount

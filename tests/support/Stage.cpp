@@ -63,7 +63,7 @@ Stage::Stage(const QString &tested, const QVariant &smallScreen)
     component.setData(scene.arg(tested).toUtf8(), QUrl());
     view.setContent(QUrl(), &component, component.create());
     view.show();
-    ready = view.rootObject() && QTest::qWaitForWindowExposed(&view);
+    QVERIFY(view.rootObject() && QTest::qWaitForWindowExposed(&view));
 }
 
 QQuickItem *Stage::tested() const

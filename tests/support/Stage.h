@@ -15,11 +15,11 @@
 class Stage final
 {
 public:
+    /// The test fails if the window does not come to show it.
     /// `tested` is QML text; its handlers may call tell(text). Without `smallScreen` QML has no property of that name.
     explicit Stage(const QString &tested, const QVariant &smallScreen = {});
 
-    bool ready = false; ///< the window shows the component
-    Theme theme;        ///< suffix "_0"
+    Theme theme; ///< suffix "_0"
     QQuickView view;
 
     QQuickItem *tested() const;

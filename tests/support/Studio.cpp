@@ -5,6 +5,7 @@
 
 #include "player/PlayerTiming.h"
 #include "support/Listed.h"
+#include "support/Waiting.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -60,7 +61,7 @@ void Studio::connect()
 {
     const int earlier = server.paths.size();
     player.startConnection();
-    QVERIFY(QTest::qWaitFor([&] { return server.paths.size() > earlier && server.liveSockets() == 1; }));
+    QVERIFY(Waiting::comes([&] { return server.paths.size() > earlier && server.liveSockets() == 1; }));
     settle();
 }
 
@@ -83,18 +84,29 @@ QStringList Studio::sent()
 {
     const QString marker = "core.playback.previous"_s;
     player.actionPrevious();
-    [&] { QVERIFY(QTest::qWaitFor([&] { return server.methods().contains(marker); })); }();
+    [&] { QVERIFY(Waiting::comes([&] { return server.methods().contains(marker); })); }();
     QStringList texts;
     texts.swap(server.texts);
-    texts.removeLast();
+    [&] { QVERIFY(!texts.takeLast().contains("params"_s)); }();
+    return texts;
+}
+
+QStringList Studio::asked()
+{
+    QStringList texts;
+    for (const QString &text : sent()) {
+        const QJsonObject request = json(text).toObject();
+        texts << request.value("method"_s).toString();
+        if (request.contains("params"_s))
+            texts.last() += QLatin1Char(' ') + textOf(request.value("params"_s));
+    }
     return texts;
 }
 
 QStringList Studio::sentMethods()
 {
-    const QStringList texts = sent();
-    QStringList names;
-    for (const QString &text : texts)
-        names << json(text).toObject().value("method"_s).toString();
+    QStringList names = asked();
+    for (QString &name : names)
+        name = name.section(QLatin1Char(' '), 0, 0);
     return names;
 }

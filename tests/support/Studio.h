@@ -52,7 +52,13 @@ struct Studio
     void say(const QString &text);
     QStringList sent(); ///< what has arrived since the last call
     QStringList sentMethods();
+    QStringList asked(); ///< what has arrived, as method and parameters: "core.library.browse {"uri":null}"
 
     RawMusicServer server;
     HalvoraPlayer player;
+};
+
+struct ConnectedStudio final : Studio
+{
+    ConnectedStudio() { connect(); }
 };

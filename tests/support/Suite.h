@@ -4,6 +4,7 @@
 #pragma once
 
 #include "support/Text.h"
+#include "support/Waiting.h"
 
 #include <QtTest>
 
