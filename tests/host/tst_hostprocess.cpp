@@ -94,6 +94,7 @@ void HostProcessTest::describesItself_data()
                               "--mopidy <HOST:PORT>"_s,
                               "--language <CODE>"_s,
                               "--small-screen"_s,
+                              "--full-screen"_s,
                               "--size <WIDTHxHEIGHT>"_s,
                               "--tour <DIR>"_s};
     QTest::newRow("--help") << "--help"_s << help;
@@ -260,10 +261,7 @@ void HostProcessTest::refusesWrongOptions_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("sentence");
     const QStringList atDevice = {"--device"_s, "127.0.0.1:5000"_s};
-    const QString which =
-        "Say what to show: --demo for a simulated house, or --device HOST:PORT for a device."_s;
     const QString form = "--device needs HOST:PORT, for example 192.168.1.20:5000, not \"%1\"."_s;
-    QTest::newRow("nothing") << QStringList() << which;
     QTest::newRow("both") << atDevice + QStringList{"--demo"_s}
                           << "Use either --demo or --device, not both."_s;
     for (const char *wrong : {"box", "box:", ":5000", "box:0", "box:65536", "box:5x", "::1:5000",
@@ -297,6 +295,8 @@ void HostProcessTest::refusesWrongOptions_data()
     }
     QTest::newRow("folder without a name")
         << QStringList{"--demo"_s, "--tour"_s, ""_s} << "--tour needs the name of a folder."_s;
+    QTest::newRow("tour of nothing") << QStringList{"--tour"_s, "x"_s}
+                                     << "--tour can only be used with --demo or --device."_s;
     QTest::newRow("argument") << QStringList{"--demo"_s, "more"_s} << "The argument \"more\" is not known."_s;
     QTest::newRow("option") << QStringList{"--demo"_s, "--password"_s} << "Unknown option 'password'."_s;
     QTest::newRow("no value") << QStringList{"--device"_s} << "Missing value after '--device'."_s;
