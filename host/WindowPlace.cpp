@@ -27,7 +27,8 @@ WindowPlace::WindowPlace(QWindow *window, const QSize &size, Memory memory)
     m_size = m_size.expandedTo(window->minimumSize());
     for (const auto change :
          {&QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged, &QWindow::heightChanged})
-        QObject::connect(window, change, &m_following, [this] { follow(); });
+        QObject::connect(window, change, &m_following, [this] { follow(); },
+                         Qt::QueuedConnection); // when all of a change has come
 }
 
 void WindowPlace::recall(const QSize &size)
@@ -67,10 +68,18 @@ void WindowPlace::show(bool fullScreen)
         m_window->setGeometry(m_window->screen()->geometry());
         return;
     }
-    if (m_position)
-        m_window->setFramePosition(*m_position);
-    m_window->resize(m_size);
+    const auto position = m_position; // those of the way back are followed as well
+    const QSize size = m_size;
+    put(position, size);
     m_window->showNormal();
+    put(position, size);
+}
+
+void WindowPlace::put(const std::optional<QPoint> &position, const QSize &size)
+{
+    m_window->resize(size);
+    if (position)
+        m_window->setFramePosition(*position);
 }
 
 void WindowPlace::follow()

@@ -37,6 +37,7 @@ public:
 
 private:
     void recall(const QSize &size);
+    void put(const std::optional<QPoint> &position, const QSize &size);
     void follow();
 
     QObject m_following; // ends the connections
