@@ -116,14 +116,14 @@ HostPage {
             spacing: 8
 
             HostButton {
-                width: (parent.width - parent.spacing) / 2
+                width: Math.floor((parent.width - parent.spacing) / 2)
                 text: "Keep"
                 accented: true
                 onClicked: root.submit()
             }
 
             HostButton {
-                width: (parent.width - parent.spacing) / 2
+                width: Math.floor((parent.width - parent.spacing) / 2)
                 text: "Cancel"
                 onClicked: root.leaveForm()
             }
@@ -134,7 +134,7 @@ HostPage {
         width: parent.width
         color: HostTheme.icons
         font.pixelSize: 18
-        text: "Language of music services and menus"
+        text: "Language of services and menus"
         visible: root.edited === -2
     }
 
@@ -147,7 +147,7 @@ HostPage {
             model: root.preferences.languages
 
             HostButton {
-                width: (parent.width - 2 * parent.spacing) / 3
+                width: Math.floor((parent.width - 2 * parent.spacing) / 3)
                 text: modelData.name
                 chosen: root.preferences.language === modelData.code
                 onClicked: root.preferences.language = modelData.code

@@ -63,6 +63,12 @@ bool HostProcess::waitForText(const QByteArray &text)
     return QTest::qWaitFor([&] { return out().toUtf8().contains(text); }, patience);
 }
 
+QByteArray HostProcess::commandLine() const
+{
+    QFile file(QStringLiteral("/proc/%1/cmdline").arg(m_process.processId()));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 void HostProcess::sendSignal(int number)
 {
     if (m_process.processId() > 0)

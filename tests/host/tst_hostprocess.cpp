@@ -77,6 +77,8 @@ private Q_SLOTS:
     void refusesAWrongLibrary();
     void namesAMissingModule_data();
     void namesAMissingModule();
+    void goesOnWithBadSettings_data();
+    void goesOnWithBadSettings();
     void refusesAFolderItCannotMake();
     void tellsWhichScreenDidNotCome();
     void failsATourThatWarns();
@@ -164,7 +166,7 @@ void HostProcessTest::logsInAtADevice_data()
     QTest::newRow("the variable") << none << "grün & 1"_s << QByteArray("grün & 1");
     QTest::newRow("a file") << QByteArray("from a file\n") << QString() << QByteArray("from a file");
     QTest::newRow("the first line alone") << QByteArray("one\r\ntwo\n") << QString() << QByteArray("one");
-    QTest::newRow("the file before the variable") << QByteArray("file") << "variable"_s << QByteArray("file");
+    QTest::newRow("the file before the variable") << QByteArray("sesame") << "variable"_s << QByteArray("sesame");
 }
 
 void HostProcessTest::logsInAtADevice()
@@ -185,6 +187,7 @@ void HostProcessTest::logsInAtADevice()
     QCOMPARE(login.value(0), "CONNECT"_s);
     QCOMPARE(login.value(2), "anna"_s);
     QCOMPARE(login.value(3), md5(QString::fromUtf8(password).toLatin1()));
+    QVERIFY(host.commandLine().contains("anna") && !host.commandLine().contains(password));
     host.sendSignal(SIGTERM);
     QCOMPARE(host.wait(), 0);
     QCOMPARE(host.err(), QString());
@@ -376,6 +379,38 @@ void HostProcessTest::namesAMissingModule()
              qPrintable(said));
     QVERIFY2(said.contains("%1 (Debian package %2)"_s.arg(module, package)), qPrintable(said));
     QCOMPARE(said.count(QLatin1Char('\n')), 1);
+}
+
+void HostProcessTest::goesOnWithBadSettings_data()
+{
+    QTest::addColumn<QString>("file"); // in the folder of the settings
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("sentence");
+    const QString settings = "Kestrum/halvora-host.conf"_s;
+    QTest::newRow("damaged") << settings << QByteArray("\0\1 no settings\n[[[\n=\n", 22)
+                             << "the settings are damaged; new ones are begun, the old ones are in \""_s;
+    QTest::newRow("not to be written") << "Kestrum"_s << QByteArray("no folder")
+                                       << "the settings cannot be written: \""_s;
+    QTest::newRow("language") << settings << QByteArray("[General]\nlanguage=fr\nuniqueID=me\n")
+                              << "the settings name a language that is not known: \"fr\""_s;
+}
+
+void HostProcessTest::goesOnWithBadSettings()
+{
+    QFETCH(QString, file);
+    QFETCH(QByteArray, content);
+    QFETCH(QString, sentence);
+    DeviceSimulator device;
+    QVERIFY(device.listen());
+    HostProcess host;
+    host.writeFile(file, content);
+    host.set("HALVORA_PASSWORD"_s, "open sesame"_s);
+    host.start({"--device"_s, numbered(device.host(), device.port()), "--user"_s, "anna"_s});
+    QVERIFY(!loginAt(&device).isEmpty());
+    host.sendSignal(SIGTERM);
+    QCOMPARE(host.wait(), 0);
+    const QString said = host.err();
+    QVERIFY2(said.contains(sentence) && said.count(QLatin1Char('\n')) == 1, qPrintable(said));
 }
 
 void HostProcessTest::refusesAFolderItCannotMake()
