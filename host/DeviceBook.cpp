@@ -85,8 +85,9 @@ QVariantMap DeviceBook::fields(int row) const
 
 int DeviceBook::find(const DeviceEntry &device) const
 {
-    const auto found = std::find_if(m_entries.begin(), m_entries.end(),
-                                    [&device](const DeviceEntry &other) { return device.isSameDevice(other); });
+    const auto found = std::find_if(m_entries.begin(), m_entries.end(), [&device](const DeviceEntry &other) {
+        return device.isSameDevice(other);
+    });
     return found == m_entries.end() ? -1 : int(found - m_entries.begin());
 }
 

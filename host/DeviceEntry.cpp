@@ -10,7 +10,7 @@ namespace {
 QString withoutBrackets(const QString &host)
 {
     return host.startsWith(QLatin1Char('[')) && host.endsWith(QLatin1Char(']')) ? host.mid(1, host.size() - 2)
-                                                                               : host;
+                                                                                : host;
 }
 
 bool isHost(const QString &host)

@@ -112,8 +112,7 @@ void HostController::showRow(int row, const QString &password, Password origin)
 {
     const DeviceEntry device = m_devices.entry(row);
     m_lookup.ask(device.host);
-    setDevice(device.id, device.name, {{device.host, quint16(device.port)}, device.user, password},
-              origin);
+    setDevice(device.id, device.name, {{device.host, quint16(device.port)}, device.user, password}, origin);
 }
 
 void HostController::forget(int row)

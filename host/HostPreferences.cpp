@@ -29,7 +29,8 @@ HostPreferences::HostPreferences(QObject *parent) : QObject(parent), m_language(
 QVariantList HostPreferences::languages() const
 {
     const QStringList codes = hostLanguages();
-    const QStringList names = {QStringLiteral("English"), QStringLiteral("Deutsch"), QStringLiteral("Italiano")};
+    const QStringList names = {QStringLiteral("English"), QStringLiteral("Deutsch"),
+                               QStringLiteral("Italiano")};
     QVariantList all;
     for (int i = 0; i < codes.size(); ++i) {
         all.append(QVariantMap{{QStringLiteral("code"), codes.at(i)}, {QStringLiteral("name"), names.at(i)}});

@@ -15,8 +15,8 @@ HostScene::HostScene(const PluginGate &gate, HostController *controller, HostPre
     : m_controller(controller), m_preferences(preferences)
 {
     gate.initialize(&m_engine);
-    static const int theme = qmlRegisterSingletonType(
-        QUrl(QStringLiteral("qrc:/host/HostTheme.qml")), "halvora.host", 1, 0, "HostTheme");
+    static const int theme = qmlRegisterSingletonType(QUrl(QStringLiteral("qrc:/host/HostTheme.qml")),
+                                                      "halvora.host", 1, 0, "HostTheme");
     Q_UNUSED(theme)
     QObject::connect(preferences, &HostPreferences::notKept, controller, &HostController::setProblem);
 }

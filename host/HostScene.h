@@ -31,7 +31,8 @@ public:
 
     /// Shows the window, and in it what the controller says. A valid size is the window's, whatever size is remembered.
     /// False when the scene does not load: error() is then one sentence.
-    bool show(bool smallScreen, const QSize &size = {}, WindowPlace::Memory place = WindowPlace::Memory::Unused);
+    bool show(bool smallScreen, const QSize &size = {},
+              WindowPlace::Memory place = WindowPlace::Memory::Unused);
     QString error() const { return m_error; }
 
     QQuickWindow *window() const; ///< owned by the engine; null before show()

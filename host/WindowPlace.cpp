@@ -27,8 +27,9 @@ WindowPlace::WindowPlace(QWindow *window, const QSize &size, Memory memory)
     m_size = m_size.expandedTo(window->minimumSize());
     for (const auto change :
          {&QWindow::xChanged, &QWindow::yChanged, &QWindow::widthChanged, &QWindow::heightChanged})
-        QObject::connect(window, change, &m_following, [this] { follow(); },
-                         Qt::QueuedConnection); // when all of a change has come
+        QObject::connect(
+            window, change, &m_following, [this] { follow(); },
+            Qt::QueuedConnection); // when all of a change has come
 }
 
 void WindowPlace::recall(const QSize &size)

@@ -44,5 +44,5 @@ private:
     QWindow *m_window;
     Memory m_memory;
     std::optional<QPoint> m_position; // of the frame; without one the window manager finds a place
-    QSize m_size;      // of the content
+    QSize m_size;                     // of the content
 };

@@ -73,7 +73,8 @@ HostController::Demo starterOf(DemoHouse *house, const HostOptions &options)
             house->setRealServer(mopidy->urlHost(), mopidy->port);
         started = started || house->start();
         *error = house->errorText();
-        *access = {{house->deviceHost(), house->devicePort()}, QStringLiteral("demo"), QStringLiteral("demo")};
+        *access = {
+            {house->deviceHost(), house->devicePort()}, QStringLiteral("demo"), QStringLiteral("demo")};
         return started;
     };
 }

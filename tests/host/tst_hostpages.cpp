@@ -187,7 +187,8 @@ void HostPagesTest::click(const QString &text) const
 {
     const auto *item = SceneSearch::withText(root(), "text", text);
     QVERIFY2(item, qPrintable(text));
-    QTest::mouseClick(window(), Qt::LeftButton, {}, item->mapToScene(item->boundingRect().center()).toPoint());
+    QTest::mouseClick(window(), Qt::LeftButton, {},
+                      item->mapToScene(item->boundingRect().center()).toPoint());
 }
 
 void HostPagesTest::openSettings() const
@@ -290,10 +291,14 @@ void HostPagesTest::changesBetweenDevices()
         QVERIFY(said(qPrintable(name)));
     }
     for (const int chosen : {1, 0, 1}) {
+        const QQuickItem *const before = SceneSearch::ofType(root(),
+                                                             "OutputsView"); // the client never deletes it
+        QVERIFY(before->property("halvora").value<QObject *>());
         click(chosen ? u("Country") : u("Town"));
         QTRY_VERIFY_WITH_TIMEOUT(said(chosen ? "Connected to Country." : "Connected to Town."), patience);
         QTRY_COMPARE_WITH_TIMEOUT(m_devices[1 - chosen].liveConnections(), 0, patience);
         QCOMPARE(m_devices[chosen].joinedConnections(), 1);
+        QVERIFY(!before->property("halvora").value<QObject *>());
     }
     start();
     QTRY_COMPARE_WITH_TIMEOUT(m_devices[1].joinedConnections(), 1, patience);
@@ -345,7 +350,8 @@ void HostPagesTest::tellsTheStateOfTheConnection()
     QVERIFY(said(qPrintable(u("Reaching for 127.0.0.1:%1 ...").arg(m_devices[0].port()))));
     QVERIFY(m_devices[0].listenAgain());
     QTest::keyClick(window(), Qt::Key_Return);
-    QTRY_VERIFY_WITH_TIMEOUT(said("Waiting for the device to accept anna. A refusal looks the same."), patience);
+    QTRY_VERIFY_WITH_TIMEOUT(said("Waiting for the device to accept anna. A refusal looks the same."),
+                             patience);
     m_devices[0].faults() = {};
     QTRY_VERIFY_WITH_TIMEOUT(showsClient() && !said("Connect"), patience);
     openSettings();
@@ -396,7 +402,8 @@ void HostPagesTest::fillsTheScreenAndComesBack()
 
 void HostPagesTest::standsWhereItStood_data()
 {
-    QTest::addColumn<QRect>("left"); // the frame's place and the size that were kept, on a screen of 800 by 600
+    QTest::addColumn<QRect>(
+        "left"); // the frame's place and the size that were kept, on a screen of 800 by 600
     QTest::addColumn<QRect>("stands");
     QTest::newRow("on the screen") << QRect(30, 40, 360, 540) << QRect(30, 40, 360, 540);
     QTest::newRow("to the left of it") << QRect(-5000, 40, 360, 540) << QRect(0, 40, 360, 540);
@@ -452,7 +459,8 @@ void HostPagesTest::complainsAndKeepsWhatWasTyped()
     QVERIFY(said(qPrintable(complaint)));
     const char *const fields[] = {"host", "port", "user", "password"};
     for (int i = 0; i < 4; ++i)
-        QCOMPARE(SceneSearch::withText(root(), "objectName", u(fields[i]))->property("text").toString(), typed.at(i));
+        QCOMPARE(SceneSearch::withText(root(), "objectName", u(fields[i]))->property("text").toString(),
+                 typed.at(i));
     QCOMPARE(m_host->controller.deviceHost(), QString());
     QCOMPARE(m_host->controller.devices()->count(), 0);
 }
@@ -461,8 +469,10 @@ void HostPagesTest::goesOnAtADeviceThatDoesNotAnswer_data()
 {
     QTest::addColumn<QString>("host"); // empty: the simulated one, which ends each connection at once
     QTest::addColumn<QString>("sentence");
-    QTest::newRow("closes at once") << QString() << u("Waiting for the device to accept anna. A refusal looks the same.");
-    QTest::newRow("no such name") << u("no-such-box.invalid") << u("The network knows no \"no-such-box.invalid\".");
+    QTest::newRow("closes at once") << QString()
+                                    << u("Waiting for the device to accept anna. A refusal looks the same.");
+    QTest::newRow("no such name") << u("no-such-box.invalid")
+                                  << u("The network knows no \"no-such-box.invalid\".");
 }
 
 void HostPagesTest::goesOnAtADeviceThatDoesNotAnswer()
@@ -471,7 +481,8 @@ void HostPagesTest::goesOnAtADeviceThatDoesNotAnswer()
     QFETCH(QString, sentence);
     m_devices[0].faults().closeOnAccept = true;
     start();
-    enter({host.isEmpty() ? m_devices[0].host() : host, QString::number(m_devices[0].port()), u("anna"), u(password)});
+    enter({host.isEmpty() ? m_devices[0].host() : host, QString::number(m_devices[0].port()), u("anna"),
+           u(password)});
     QTest::keyClick(window(), Qt::Key_Return);
     QTRY_VERIFY_WITH_TIMEOUT(said(qPrintable(sentence)), patience);
     for (int field = 0; field < 3; ++field)

@@ -88,17 +88,10 @@ void HostProcessTest::describesItself_data()
 {
     QTest::addColumn<QString>("option");
     QTest::addColumn<QStringList>("expected");
-    const QStringList help = {"--demo"_s,
-                              "--device <HOST:PORT>"_s,
-                              "--user <NAME>"_s,
-                              "--password-file <FILE>"_s,
-                              "HALVORA_PASSWORD"_s,
-                              "--mopidy <HOST:PORT>"_s,
-                              "--language <CODE>"_s,
-                              "--small-screen"_s,
-                              "--full-screen"_s,
-                              "--size <WIDTHxHEIGHT>"_s,
-                              "--tour <DIR>"_s};
+    const QStringList help = {
+        "--demo"_s,           "--device <HOST:PORT>"_s,  "--user <NAME>"_s,     "--password-file <FILE>"_s,
+        "HALVORA_PASSWORD"_s, "--mopidy <HOST:PORT>"_s,  "--language <CODE>"_s, "--small-screen"_s,
+        "--full-screen"_s,    "--size <WIDTHxHEIGHT>"_s, "--tour <DIR>"_s};
     QTest::newRow("--help") << "--help"_s << help;
     QTest::newRow("-h") << "-h"_s << help;
     QTest::newRow("--version") << "--version"_s << QStringList{"halvora-host " HALVORA_VERSION "\n"_s};
@@ -166,7 +159,8 @@ void HostProcessTest::logsInAtADevice_data()
     QTest::newRow("the variable") << none << "grün & 1"_s << QByteArray("grün & 1");
     QTest::newRow("a file") << QByteArray("from a file\n") << QString() << QByteArray("from a file");
     QTest::newRow("the first line alone") << QByteArray("one\r\ntwo\n") << QString() << QByteArray("one");
-    QTest::newRow("the file before the variable") << QByteArray("sesame") << "variable"_s << QByteArray("sesame");
+    QTest::newRow("the file before the variable")
+        << QByteArray("sesame") << "variable"_s << QByteArray("sesame");
 }
 
 void HostProcessTest::logsInAtADevice()
@@ -389,8 +383,8 @@ void HostProcessTest::goesOnWithBadSettings_data()
     const QString settings = "Kestrum/halvora-host.conf"_s;
     QTest::newRow("damaged") << settings << QByteArray("\0\1 no settings\n[[[\n=\n", 22)
                              << "the settings are damaged; new ones are begun, the old ones are in \""_s;
-    QTest::newRow("not to be written") << "Kestrum"_s << QByteArray("no folder")
-                                       << "the settings cannot be written: \""_s;
+    QTest::newRow("not to be written")
+        << "Kestrum"_s << QByteArray("no folder") << "the settings cannot be written: \""_s;
     QTest::newRow("language") << settings << QByteArray("[General]\nlanguage=fr\nuniqueID=me\n")
                               << "the settings name a language that is not known: \"fr\""_s;
 }

@@ -56,7 +56,8 @@ void MinimalHostTest::logsIn()
 {
     qputenv("HALVORA_PASSWORD", "secret");
     QProcess example;
-    example.start(u(HALVORA_EXAMPLE), {u(HALVORA_LIB), m_device->host(), QString::number(m_device->port()), u("anna")});
+    example.start(u(HALVORA_EXAMPLE),
+                  {u(HALVORA_LIB), m_device->host(), QString::number(m_device->port()), u("anna")});
     QTRY_COMPARE_WITH_TIMEOUT(m_device->joinedConnections(), 1, patience);
     example.kill();
     QVERIFY(example.waitForFinished());
@@ -72,7 +73,8 @@ void MinimalHostTest::showsTheOutputs()
     gate.initialize(&engine);
     engine.rootContext()->setContextProperty(u("smallScreen"), false);
     engine.rootContext()->setContextProperty(
-        u("access"), QStringList{m_device->host(), QString::number(m_device->port()), u("anna"), u("secret")});
+        u("access"),
+        QStringList{m_device->host(), QString::number(m_device->port()), u("anna"), u("secret")});
     engine.load(QUrl(u("qrc:/Main.qml")));
     const auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
     QVERIFY(window);
