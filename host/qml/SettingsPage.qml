@@ -76,7 +76,7 @@ HostPage {
             DeviceRow {
                 width: parent.width
                 text: model.name
-                chosen: model.chosen
+                chosen: model.chosen && root.host.deviceName === model.name // not while the demo is on show
                 onSelected: root.show(index)
                 onChangeRequested: root.edit(index)
                 onForgetRequested: root.host.forget(index)
