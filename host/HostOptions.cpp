@@ -3,9 +3,10 @@
 
 #include "HostOptions.h"
 
+#include "HostSettings.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QLocale>
 #include <QRegularExpression>
 
 namespace {
@@ -20,16 +21,16 @@ const QString mopidy = QStringLiteral("mopidy");
 const QString language = QStringLiteral("language");
 const QString smallScreen = QStringLiteral("small-screen");
 const QString size = QStringLiteral("size");
+const QString fullScreen = QStringLiteral("full-screen");
 const QString tour = QStringLiteral("tour");
 
 constexpr QSize smallest(340, 520); // the window's own minimum
 
-const QStringList languages = {QStringLiteral("en"), QStringLiteral("de"), QStringLiteral("it")};
-
 void describe(QCommandLineParser &parser)
 {
     parser.setApplicationDescription(QStringLiteral(
-        "Desktop host of the Halvora client: rooms, sources and music of one device.\n\n"
+        "Desktop host of the Halvora client: rooms, sources and music of one device. Without --demo or\n"
+        "--device it shows the device that was chosen last, or asks for one.\n\n"
         "The password of --device is read from --password-file, else from the environment variable\n"
         "HALVORA_PASSWORD, else from a prompt on the terminal."));
     const QString address = QStringLiteral("HOST:PORT");
@@ -41,8 +42,10 @@ void describe(QCommandLineParser &parser)
         {user, QStringLiteral("User name at the device."), QStringLiteral("NAME")},
         {passwordFile, QStringLiteral("File whose first line is the password."), QStringLiteral("FILE")},
         {mopidy, QStringLiteral("With --demo: offer this Mopidy server as a source."), address},
-        {language, QStringLiteral("en, de or it; the system's language by default."), QStringLiteral("CODE")},
+        {language, QStringLiteral("en, de or it; the one of the settings by default, else the system's."),
+         QStringLiteral("CODE")},
         {smallScreen, QStringLiteral("Lay dialogs out for a small screen.")},
+        {fullScreen, QStringLiteral("Take the whole screen; F11 gives it back.")},
         {size, QStringLiteral("Size of the window in pixels, for example 360x640."),
          QStringLiteral("WIDTHxHEIGHT")},
         {tour,
@@ -51,12 +54,6 @@ void describe(QCommandLineParser &parser)
              "the way is a failure. Outside of the plain --demo: the first four screens."),
          QStringLiteral("DIR")},
     });
-}
-
-QString systemLanguage()
-{
-    const QString code = QLocale::system().name().left(2);
-    return languages.contains(code) ? code : languages.first();
 }
 
 /// Invalid for what is no size, or a smaller one than the window takes.
@@ -82,9 +79,6 @@ QString complaint(const QCommandLineParser &parser)
         {!rest.isEmpty(), QStringLiteral("The argument \"%1\" is not known.").arg(rest.value(0))},
         {parser.isSet(mopidy) && !parser.isSet(demo),
          QStringLiteral("--mopidy can only be used with --demo.")},
-        {!toDevice && !parser.isSet(demo),
-         QStringLiteral(
-             "Say what to show: --demo for a simulated house, or --device HOST:PORT for a device.")},
         {toDevice && parser.isSet(demo), QStringLiteral("Use either --demo or --device, not both.")},
         {!toDevice && (parser.isSet(user) || parser.isSet(passwordFile)),
          QStringLiteral("--user and --password-file can only be used with --device.")},
@@ -93,7 +87,7 @@ QString complaint(const QCommandLineParser &parser)
         {toDevice && parser.value(user).isEmpty(), QStringLiteral("--device needs --user NAME as well.")},
         {parser.isSet(mopidy) && !Endpoint::parse(parser.value(mopidy)),
          endpoint.arg(mopidy, QStringLiteral("127.0.0.1:6680"), parser.value(mopidy))},
-        {parser.isSet(language) && !languages.contains(parser.value(language)),
+        {parser.isSet(language) && !hostLanguages().contains(parser.value(language)),
          QStringLiteral("--language knows en, de and it, not \"%1\".").arg(parser.value(language))},
         {parser.isSet(size) && !toSize(parser.value(size)).isValid(),
          QStringLiteral("--size needs WIDTHxHEIGHT from %1x%2 on, for example 360x640, not \"%3\".")
@@ -102,6 +96,8 @@ QString complaint(const QCommandLineParser &parser)
              .arg(parser.value(size))},
         {parser.isSet(tour) && parser.value(tour).isEmpty(),
          QStringLiteral("--tour needs the name of a folder.")},
+        {parser.isSet(tour) && !toDevice && !parser.isSet(demo),
+         QStringLiteral("--tour can only be used with --demo or --device.")},
     };
     for (const auto &rule : rules) {
         if (rule.wrong)
@@ -150,8 +146,9 @@ HostOptions HostOptions::read(const QStringList &arguments)
     options.user = parser.value(::user);
     options.passwordFile = parser.value(::passwordFile);
     options.mopidy = Endpoint::parse(parser.value(::mopidy));
-    options.language = parser.isSet(::language) ? parser.value(::language) : systemLanguage();
+    options.language = parser.value(::language);
     options.smallScreen = parser.isSet(::smallScreen);
+    options.fullScreen = parser.isSet(::fullScreen);
     options.size = toSize(parser.value(::size));
     options.tour = parser.value(::tour);
     return options;

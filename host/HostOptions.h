@@ -20,13 +20,15 @@ struct HostOptions
     Next next = Next::Run;
     QString text; ///< help, version, or one sentence on what is wrong
 
-    bool demo = false; ///< the simulated house inside this process; excludes `device`
+    /// The simulated house inside this process; excludes `device`. With neither, it is the device chosen last.
+    bool demo = false;
     std::optional<Endpoint> device;
     QString user;                   ///< not empty when `device` is set
     QString passwordFile;           ///< empty: environment or terminal
     std::optional<Endpoint> mopidy; ///< a real music server to announce in the demo
-    QString language;               ///< "en", "de" or "it"
+    QString language;               ///< "en", "de" or "it"; empty: the settings' or the system's
     bool smallScreen = false;
+    bool fullScreen = false;
     QSize size;   ///< of the window, at least as large as the scene allows; invalid: the scene's own
     QString tour; ///< folder for the tour's pictures; empty: there is no tour
 

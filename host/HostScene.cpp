@@ -3,38 +3,46 @@
 
 #include "HostScene.h"
 
+#include "HostController.h"
+#include "HostPreferences.h"
 #include "PluginGate.h"
 #include "QmlModules.h"
 
 #include <QQmlContext>
 #include <QQuickWindow>
 
-HostScene::HostScene(const PluginGate &gate)
+HostScene::HostScene(const PluginGate &gate, HostController *controller, HostPreferences *preferences)
+    : m_controller(controller), m_preferences(preferences)
 {
     gate.initialize(&m_engine);
+    static const int theme = qmlRegisterSingletonType(QUrl(QStringLiteral("qrc:/host/HostTheme.qml")),
+                                                      "halvora.host", 1, 0, "HostTheme");
+    Q_UNUSED(theme)
+    QObject::connect(preferences, &HostPreferences::notKept, controller, &HostController::setProblem);
 }
 
-bool HostScene::show(const DeviceAccess &access, bool smallScreen, const QSize &size)
+HostScene::~HostScene() = default;
+
+bool HostScene::show(bool smallScreen, const QSize &size, WindowPlace::Memory place)
 {
     m_error = missingModules(&m_engine);
     if (!m_error.isEmpty())
         return false;
     m_engine.rootContext()->setContextProperty(QStringLiteral("smallScreen"), smallScreen);
-    QVariantMap properties{
-        {QStringLiteral("deviceHost"), access.address.host},
-        {QStringLiteral("devicePort"), int(access.address.port)},
-        {QStringLiteral("deviceUser"), access.user},
-        {QStringLiteral("devicePassword"), access.password},
-    };
-    if (size.isValid()) {
-        properties.insert(QStringLiteral("width"), size.width());
-        properties.insert(QStringLiteral("height"), size.height());
-    }
-    m_engine.setInitialProperties(properties);
+    m_engine.setInitialProperties({
+        {QStringLiteral("host"), QVariant::fromValue<QObject *>(m_controller)},
+        {QStringLiteral("preferences"), QVariant::fromValue<QObject *>(m_preferences)},
+    });
     m_engine.load(QUrl(QStringLiteral("qrc:/host/Main.qml")));
-    if (!window())
+    if (!window()) {
         m_error = QStringLiteral("The host's window cannot be made.");
-    return window() != nullptr;
+        return false;
+    }
+    m_place = std::make_unique<WindowPlace>(window(), size, place);
+    m_place->show(m_preferences->isFullScreen());
+    QObject::connect(m_preferences, &HostPreferences::fullScreenChanged, window(),
+                     [this] { m_place->show(m_preferences->isFullScreen()); });
+    return true;
 }
 
 QQuickWindow *HostScene::window() const

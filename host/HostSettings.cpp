@@ -6,8 +6,11 @@
 #include "HostLog.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QFont>
 #include <QFontDatabase>
+#include <QLocale>
+#include <QPointer>
 #include <QSettings>
 #include <QTranslator>
 #include <QUuid>
@@ -20,6 +23,30 @@ void nameApplication()
     QCoreApplication::setApplicationVersion(QStringLiteral(HALVORA_VERSION));
 }
 
+void setDamagedSettingsAside()
+{
+    QSettings settings;
+    settings.sync();
+    if (settings.status() != QSettings::FormatError)
+        return;
+    const QString aside = settings.fileName() + QStringLiteral(".damaged");
+    QFile::remove(aside);
+    QFile::rename(settings.fileName(), aside);
+    qCWarning(lcHost) << "the settings are damaged; new ones are begun, the old ones are in" << aside;
+}
+
+QString writeOut(QSettings &settings)
+{
+    static bool told = false;
+    settings.sync();
+    if (settings.status() == QSettings::NoError)
+        return {};
+    if (!told)
+        qCWarning(lcHost) << "the settings cannot be written:" << settings.fileName();
+    told = true;
+    return QStringLiteral("The settings cannot be written: %1.").arg(settings.fileName());
+}
+
 QString ensureUniqueId()
 {
     const QString key = QStringLiteral("uniqueID");
@@ -29,9 +56,7 @@ QString ensureUniqueId()
         return kept;
     const QString made = QUuid::createUuid().toString(QUuid::WithoutBraces);
     settings.setValue(key, made);
-    settings.sync();
-    if (settings.status() != QSettings::NoError)
-        qCWarning(lcHost) << "the settings cannot be written:" << settings.fileName();
+    writeOut(settings);
     return made;
 }
 
@@ -46,11 +71,24 @@ void substituteFonts()
     QFont::insertSubstitutions(QStringLiteral("Arial Unicode MS"), standIns);
 }
 
+QStringList hostLanguages()
+{
+    return {QStringLiteral("en"), QStringLiteral("de"), QStringLiteral("it")};
+}
+
+QString systemLanguage()
+{
+    const QString code = QLocale::system().name().left(2);
+    return hostLanguages().contains(code) ? code : hostLanguages().first();
+}
+
 bool installLanguage(const QString &language)
 {
+    static QPointer<QTranslator> installed; // the application's
+    delete installed;
     if (language == QLatin1String("en"))
         return true;
-    auto *translator = new QTranslator(QCoreApplication::instance());
-    return translator->load(QStringLiteral(":/Translations/Halvora_%1.qm").arg(language))
-        && QCoreApplication::installTranslator(translator);
+    installed = new QTranslator(QCoreApplication::instance());
+    return installed->load(QStringLiteral(":/Translations/Halvora_%1.qm").arg(language))
+        && QCoreApplication::installTranslator(installed);
 }

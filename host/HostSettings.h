@@ -3,10 +3,19 @@
 
 #pragma once
 
-#include <QString>
+#include <QStringList>
+
+class QSettings;
 
 /// Gives the process the names under which Qt keeps the host's settings. Before any QSettings is made.
 void nameApplication();
+
+/// Puts a damaged settings file aside, under its name with ".damaged" behind, so that a new one can be begun and
+/// nothing of it is lost; says so on the terminal.
+void setDamagedSettingsAside();
+
+/// Writes out what has been set. One sentence when that fails, which is also said on the terminal, once.
+QString writeOut(QSettings &settings);
 
 /// Makes sure that the settings have a "uniqueID", the name of this installation at the device: made at the first
 /// start, kept from then on. Returns it.
@@ -16,6 +25,11 @@ QString ensureUniqueId();
 /// Needs a QGuiApplication.
 void substituteFonts();
 
+/// The languages that the client knows: "en", "de" and "it".
+QStringList hostLanguages();
+/// The one of them that the system speaks, else English.
+QString systemLanguage();
+
 /// Installs the client library's catalogue of that language in the application; "en" needs none. The library must
-/// be loaded. False when there is no such catalogue.
+/// be loaded. The one before is taken out. False when there is no such catalogue.
 bool installLanguage(const QString &language);

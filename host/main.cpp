@@ -1,10 +1,13 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
+#include "HostController.h"
 #include "HostLog.h"
 #include "HostOptions.h"
+#include "HostPreferences.h"
 #include "HostScene.h"
 #include "HostSettings.h"
+#include "KeychainStore.h"
 #include "Password.h"
 #include "PluginGate.h"
 #include "ScreenshotTour.h"
@@ -62,28 +65,56 @@ void begin(ScreenshotTour *tour)
     tour->start();
 }
 
-int show(const HostOptions &options, DeviceAccess access)
+/// The simulated house for whoever asks first; it is there from then on.
+HostController::Demo starterOf(DemoHouse *house, const HostOptions &options)
+{
+    return [house, mopidy = options.mopidy, started = false](DeviceAccess *access, QString *error) mutable {
+        if (!started && mopidy)
+            house->setRealServer(mopidy->urlHost(), mopidy->port);
+        started = started || house->start();
+        *error = house->errorText();
+        *access = {
+            {house->deviceHost(), house->devicePort()}, QStringLiteral("demo"), QStringLiteral("demo")};
+        return started;
+    };
+}
+
+/// What the command line asks for, else the device that was chosen last. One sentence when it cannot be had.
+QString choose(const HostOptions &options, const DeviceAccess &access, HostController *controller)
+{
+    if (options.demo)
+        return controller->showDemo();
+    if (options.device)
+        controller->show(access.address.host, access);
+    else
+        controller->showLast();
+    return {};
+}
+
+int show(const HostOptions &options, const DeviceAccess &access)
 {
     PluginGate gate;
     if (!gate.load())
         return refuse(Failed, gate.error());
-    if (!installLanguage(options.language))
-        return refuse(Failed,
-                      QStringLiteral("The client library has no catalogue \"%1\".").arg(options.language));
+    HostPreferences preferences;
+    const QString language = options.language.isEmpty() ? preferences.language() : options.language;
+    if (!preferences.speak(language))
+        return refuse(Failed, QStringLiteral("The client library has no catalogue \"%1\".").arg(language));
+    if (options.fullScreen)
+        preferences.fillScreen();
 
     DemoHouse demo;
-    if (options.demo) {
-        if (options.mopidy)
-            demo.setRealServer(options.mopidy->urlHost(), options.mopidy->port);
-        if (!demo.start())
-            return refuse(Failed, demo.errorText());
-        access = {{demo.deviceHost(), demo.devicePort()}, QStringLiteral("demo"), QStringLiteral("demo")};
-    }
-    HostScene scene(gate);
-    if (!scene.show(access, options.smallScreen, options.size))
+    HostController controller(starterOf(&demo, options), KeychainStore::ofSession());
+    const QString error = choose(options, access, &controller);
+    if (!error.isEmpty())
+        return refuse(Failed, error);
+    const bool tours = !options.tour.isEmpty();
+    HostScene scene(gate, &controller, &preferences);
+    if (!scene.show(options.smallScreen, options.size,
+                    tours ? WindowPlace::Memory::Unused : WindowPlace::Memory::Used))
         return refuse(Failed, scene.error());
     std::unique_ptr<ScreenshotTour> tour;
-    if (!options.tour.isEmpty()) {
+    if (tours) {
         tour = std::make_unique<ScreenshotTour>(
             scene.window(), options.tour, stopsFor(options, SceneVisitor(scene.window()), demo.device()));
         begin(tour.get());
@@ -128,6 +159,7 @@ int main(int argc, char **argv)
     const QGuiApplication application(argc, argv);
     const SignalWatcher signalWatcher;
     QObject::connect(&signalWatcher, &SignalWatcher::stopRequested, &application, &QCoreApplication::quit);
+    setDamagedSettingsAside();
     ensureUniqueId();
     substituteFonts();
     return showAndJudge(options, access);

@@ -1,84 +1,119 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
-import QtQuick 2.0
+import QtQuick 2.5
 import QtQuick.Window 2.2
-import com.kestrum.halvoraint 1.0
+import halvora.host 1.0
 
-// The window: the client's screens above, the tabs below. The controller covers both, since the client puts its
-// dialogs into the item around the container, and those are meant to lie over the tabs too.
+// The window: the client, and over it the host's own pages while they are needed. The client is made anew for each
+// device and each language, as it reads both when it is made.
 Window {
     id: window
 
-    property string deviceHost
-    property int devicePort
-    property string deviceUser
-    property string devicePassword
+    property QtObject host
+    property QtObject preferences
+    property bool asking: false  // whether the first page is on
+    property bool setting: false // whether the settings are
 
-    // Published by the client while it loads; the fallback is what shows until then.
-    readonly property QtObject theme: typeof currentTheme === "undefined" ? null : currentTheme
+    function remake() {
+        if (client.item)
+            client.item.leave();
+        client.active = false;
+        client.active = host.deviceHost !== "";
+    }
+
+    // A device that was typed in on the first page has to answer before that page goes.
+    function follow() {
+        asking = host.deviceHost === "" || host.trying;
+        remake();
+        if (!host.trying)
+            start.begin();
+    }
+
+    function openSettings() {
+        setting = true;
+    }
+
+    function closeSettings() {
+        setting = false;
+        if (!asking)
+            client.forceActiveFocus();
+    }
+
+    onActiveFocusItemChanged: (setting ? settings : start).keepInSight(activeFocusItem)
 
     width: 450
-    height: 640 + tabs.height
+    height: 710
     minimumWidth: 340
     minimumHeight: 520
-    visible: true
     title: "Halvora"
-    color: theme ? theme.background : "black"
+    color: HostTheme.background
 
-    Component.onCompleted: {
-        controller.tabLoadingCompleted();
-        controller.initDevice(device);
-        controller.showIcon();
-        // Not the content item's size: that is 0 until the window is shown, and the first screen would take it over.
-        controller.width = Qt.binding(() => window.width);
-        controller.height = Qt.binding(() => window.height);
-        tabs.currentIndex = 0; // only a change after all this brings up the first screen
+    Component.onCompleted: follow()
+
+    Connections {
+        target: window.host
+        function onDeviceChanged() {
+            window.follow();
+        }
     }
 
-    QtObject {
-        id: device
-
-        property string localIp: window.deviceHost
-        property int localPort: window.devicePort
-        property string username: window.deviceUser
-        property string password: window.devicePassword
-        property int posX: 0
-        property int posY: 0
-
-        signal requestConnect()
-        signal requestDisconnect()
+    Connections {
+        target: window.preferences
+        function onLanguageChanged() {
+            window.remake();
+        }
     }
 
-    Presence {
-        objectName: "presence"
-        windowVisibility: window.visibility
-        onForegroundChanged: foreground ? device.requestConnect() : device.requestDisconnect()
+    // Not sized by its parent alone: that is 0 until the window is shown, and the first screen would take it over.
+    Loader {
+        id: client
+
+        width: window.width
+        height: window.height
+        active: false
+        enabled: !window.asking && !window.setting
+        sourceComponent: ClientPage {
+            width: client.width
+            height: client.height
+            host: window.host
+            windowVisibility: window.visibility
+            onSettingsRequested: window.openSettings()
+            onAnswered: {
+                window.asking = false;
+                window.host.deviceAnswered();
+            }
+        }
     }
 
-    MainTabController {
-        id: controller
+    StartPage {
+        id: start
 
-        function playerButtonEnabled() {
-            tabs.playerEnabled = true;
-        }
+        host: window.host
+        visible: window.asking && !window.setting
+        connection: client.item ? client.item.connection : ""
+        onSettingsRequested: window.openSettings()
+    }
 
-        visible: false
-        menuListView: tabs
-        containerView: container
+    SettingsPage {
+        id: settings
 
-        Item {
-            id: container
+        host: window.host
+        preferences: window.preferences
+        visible: window.setting
+        connection: client.item ? client.item.connection : ""
+        onLeft: window.closeSettings()
+    }
 
-            anchors { left: parent.left; right: parent.right; top: parent.top; bottom: tabs.top }
-            clip: true
-        }
+    Shortcut {
+        sequence: "F11"
+        context: Qt.ApplicationShortcut
+        onActivated: window.preferences.fullScreen = !window.preferences.fullScreen
+    }
 
-        TabBar {
-            id: tabs
-
-            anchors { left: parent.left; right: parent.right; bottom: parent.bottom }
-            theme: window.theme
-        }
+    Shortcut {
+        sequence: "Escape"
+        context: Qt.ApplicationShortcut
+        onActivated: window.setting ? settings.goBack() : window.host.closePopup(client.item)
     }
 }

@@ -8,7 +8,7 @@ Item {
     id: root
 
     property string picture
-    property string accent: "" // the theme's picture suffix; empty until there is a theme
+    property string accent // the theme's picture suffix
     property bool selected: false
 
     signal clicked()
@@ -17,9 +17,7 @@ Item {
         x: Math.round((root.width - width) / 2)
         y: Math.round((root.height - height) / 2)
         opacity: root.enabled ? 1 : 0.35
-        visible: root.accent !== ""
-        source: root.accent === "" ? ""
-                : "qrc:/HalvoraImgs/Images/" + root.picture + (root.selected ? "_sel" + root.accent : "") + ".png"
+        source: "qrc:/HalvoraImgs/Images/" + root.picture + (root.selected ? "_sel" + root.accent : "") + ".png"
     }
 
     MouseArea {

@@ -138,6 +138,7 @@ void Halvora::parseSources(const QStringList &l)
 void Halvora::attachNewPlayer(Source *source, const QStringList &fields)
 {
     auto *player = new HalvoraPlayer;
+    m_players.append(player);
     player->setSourceRef(source->index());
     if (fields.size() > 4) {
         player->setIpAddress(fields.at(3));
@@ -145,6 +146,12 @@ void Halvora::attachNewPlayer(Source *source, const QStringList &fields)
     }
     source->setPlayer(player);
     player->startConnection();
+}
+
+void Halvora::stopAllPlayers()
+{
+    for (HalvoraPlayer *player : qAsConst(m_players))
+        player->stopConnection();
 }
 
 void Halvora::parseOutputs(const QStringList &l)

@@ -56,6 +56,10 @@ public:
     /// All sources by device index.
     const QMap<int, Source *> &sourceMap() const { return m_sources; }
 
+    /// Ends the connections of all players there have ever been, those of earlier source lists too. For whoever takes
+    /// the screens away that follow them.
+    void stopAllPlayers();
+
     /// `value`: volume as the device counts, 0 to 100 on the screens. `outputIndex`: device index.
     Q_INVOKABLE void actionSetVolumeForOutput(int value, int outputIndex);
     Q_INVOKABLE void actionSetMuteForOutput(bool value, int outputIndex);
@@ -102,4 +106,5 @@ private:
     QList<Output *> m_outputList;
     QList<Source *> m_sourceList;
     QList<PlaylistEntry *> m_entries;
+    QList<HalvoraPlayer *> m_players; // of all source lists
 };

@@ -47,6 +47,8 @@ MainTabController::MainTabController(QQuickItem *parent) : QQuickItem(parent)
 MainTabController::~MainTabController()
 {
     didEnterBackground();
+    if (m_halvora)
+        m_halvora->stopAllPlayers(); // whose signals would reach screens without an engine
 }
 
 void MainTabController::setMenuListView(QQuickItem *item)

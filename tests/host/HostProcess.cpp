@@ -23,7 +23,8 @@ HostProcess::HostProcess()
     set(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
     set(QStringLiteral("LIBGL_ALWAYS_SOFTWARE"), QStringLiteral("1"));
     set(QStringLiteral("HALVORA_PLUGIN_DIR"), QStringLiteral(HALVORA_LIB_DIR));
-    for (const char *variable : {"HALVORA_PASSWORD", "QT_LOGGING_RULES", "QML2_IMPORT_PATH"})
+    for (const char *variable :
+         {"DBUS_SESSION_BUS_ADDRESS", "HALVORA_PASSWORD", "QT_LOGGING_RULES", "QML2_IMPORT_PATH"})
         m_environment.remove(QLatin1String(variable));
 }
 
@@ -61,6 +62,12 @@ void HostProcess::startOnTerminal(const QStringList &arguments)
 bool HostProcess::waitForText(const QByteArray &text)
 {
     return QTest::qWaitFor([&] { return out().toUtf8().contains(text); }, patience);
+}
+
+QByteArray HostProcess::commandLine() const
+{
+    QFile file(QStringLiteral("/proc/%1/cmdline").arg(m_process.processId()));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 void HostProcess::sendSignal(int number)

@@ -29,6 +29,7 @@ public:
     /// Waits until the terminal shows a text. False when it does not come.
     bool waitForText(const QByteArray &text);
 
+    QByteArray commandLine() const; ///< as everybody on the machine can read it while the host runs
     void sendSignal(int number);
 
     /// Waits for the end. The exit status, or -1 when the host does not end, or crashes.

@@ -77,6 +77,8 @@ private Q_SLOTS:
     void refusesAWrongLibrary();
     void namesAMissingModule_data();
     void namesAMissingModule();
+    void goesOnWithBadSettings_data();
+    void goesOnWithBadSettings();
     void refusesAFolderItCannotMake();
     void tellsWhichScreenDidNotCome();
     void failsATourThatWarns();
@@ -86,16 +88,10 @@ void HostProcessTest::describesItself_data()
 {
     QTest::addColumn<QString>("option");
     QTest::addColumn<QStringList>("expected");
-    const QStringList help = {"--demo"_s,
-                              "--device <HOST:PORT>"_s,
-                              "--user <NAME>"_s,
-                              "--password-file <FILE>"_s,
-                              "HALVORA_PASSWORD"_s,
-                              "--mopidy <HOST:PORT>"_s,
-                              "--language <CODE>"_s,
-                              "--small-screen"_s,
-                              "--size <WIDTHxHEIGHT>"_s,
-                              "--tour <DIR>"_s};
+    const QStringList help = {
+        "--demo"_s,           "--device <HOST:PORT>"_s,  "--user <NAME>"_s,     "--password-file <FILE>"_s,
+        "HALVORA_PASSWORD"_s, "--mopidy <HOST:PORT>"_s,  "--language <CODE>"_s, "--small-screen"_s,
+        "--full-screen"_s,    "--size <WIDTHxHEIGHT>"_s, "--tour <DIR>"_s};
     QTest::newRow("--help") << "--help"_s << help;
     QTest::newRow("-h") << "-h"_s << help;
     QTest::newRow("--version") << "--version"_s << QStringList{"halvora-host " HALVORA_VERSION "\n"_s};
@@ -163,7 +159,8 @@ void HostProcessTest::logsInAtADevice_data()
     QTest::newRow("the variable") << none << "grün & 1"_s << QByteArray("grün & 1");
     QTest::newRow("a file") << QByteArray("from a file\n") << QString() << QByteArray("from a file");
     QTest::newRow("the first line alone") << QByteArray("one\r\ntwo\n") << QString() << QByteArray("one");
-    QTest::newRow("the file before the variable") << QByteArray("file") << "variable"_s << QByteArray("file");
+    QTest::newRow("the file before the variable")
+        << QByteArray("sesame") << "variable"_s << QByteArray("sesame");
 }
 
 void HostProcessTest::logsInAtADevice()
@@ -184,6 +181,7 @@ void HostProcessTest::logsInAtADevice()
     QCOMPARE(login.value(0), "CONNECT"_s);
     QCOMPARE(login.value(2), "anna"_s);
     QCOMPARE(login.value(3), md5(QString::fromUtf8(password).toLatin1()));
+    QVERIFY(host.commandLine().contains("anna") && !host.commandLine().contains(password));
     host.sendSignal(SIGTERM);
     QCOMPARE(host.wait(), 0);
     QCOMPARE(host.err(), QString());
@@ -260,10 +258,7 @@ void HostProcessTest::refusesWrongOptions_data()
     QTest::addColumn<QStringList>("arguments");
     QTest::addColumn<QString>("sentence");
     const QStringList atDevice = {"--device"_s, "127.0.0.1:5000"_s};
-    const QString which =
-        "Say what to show: --demo for a simulated house, or --device HOST:PORT for a device."_s;
     const QString form = "--device needs HOST:PORT, for example 192.168.1.20:5000, not \"%1\"."_s;
-    QTest::newRow("nothing") << QStringList() << which;
     QTest::newRow("both") << atDevice + QStringList{"--demo"_s}
                           << "Use either --demo or --device, not both."_s;
     for (const char *wrong : {"box", "box:", ":5000", "box:0", "box:65536", "box:5x", "::1:5000",
@@ -297,6 +292,8 @@ void HostProcessTest::refusesWrongOptions_data()
     }
     QTest::newRow("folder without a name")
         << QStringList{"--demo"_s, "--tour"_s, ""_s} << "--tour needs the name of a folder."_s;
+    QTest::newRow("tour of nothing") << QStringList{"--tour"_s, "x"_s}
+                                     << "--tour can only be used with --demo or --device."_s;
     QTest::newRow("argument") << QStringList{"--demo"_s, "more"_s} << "The argument \"more\" is not known."_s;
     QTest::newRow("option") << QStringList{"--demo"_s, "--password"_s} << "Unknown option 'password'."_s;
     QTest::newRow("no value") << QStringList{"--device"_s} << "Missing value after '--device'."_s;
@@ -376,6 +373,38 @@ void HostProcessTest::namesAMissingModule()
              qPrintable(said));
     QVERIFY2(said.contains("%1 (Debian package %2)"_s.arg(module, package)), qPrintable(said));
     QCOMPARE(said.count(QLatin1Char('\n')), 1);
+}
+
+void HostProcessTest::goesOnWithBadSettings_data()
+{
+    QTest::addColumn<QString>("file"); // in the folder of the settings
+    QTest::addColumn<QByteArray>("content");
+    QTest::addColumn<QString>("sentence");
+    const QString settings = "Kestrum/halvora-host.conf"_s;
+    QTest::newRow("damaged") << settings << QByteArray("\0\1 no settings\n[[[\n=\n", 22)
+                             << "the settings are damaged; new ones are begun, the old ones are in \""_s;
+    QTest::newRow("not to be written")
+        << "Kestrum"_s << QByteArray("no folder") << "the settings cannot be written: \""_s;
+    QTest::newRow("language") << settings << QByteArray("[General]\nlanguage=fr\nuniqueID=me\n")
+                              << "the settings name a language that is not known: \"fr\""_s;
+}
+
+void HostProcessTest::goesOnWithBadSettings()
+{
+    QFETCH(QString, file);
+    QFETCH(QByteArray, content);
+    QFETCH(QString, sentence);
+    DeviceSimulator device;
+    QVERIFY(device.listen());
+    HostProcess host;
+    host.writeFile(file, content);
+    host.set("HALVORA_PASSWORD"_s, "open sesame"_s);
+    host.start({"--device"_s, numbered(device.host(), device.port()), "--user"_s, "anna"_s});
+    QVERIFY(!loginAt(&device).isEmpty());
+    host.sendSignal(SIGTERM);
+    QCOMPARE(host.wait(), 0);
+    const QString said = host.err();
+    QVERIFY2(said.contains(sentence) && said.count(QLatin1Char('\n')) == 1, qPrintable(said));
 }
 
 void HostProcessTest::refusesAFolderItCannotMake()

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
+#include "HostController.h"
+#include "HostPreferences.h"
 #include "HostScene.h"
 #include "HostSettings.h"
 #include "PluginGate.h"
@@ -31,7 +33,7 @@ void keepWarnings(QtMsgType type, const QMessageLogContext &context, const QStri
 /// Where the middle of a tab is, 0 or 1, in the window as it is now.
 QPoint tabAt(const QQuickWindow *window, int tab)
 {
-    return {window->width() / 4 * (1 + 2 * tab), window->height() - 30};
+    return {(window->width() - 85) / 4 * (1 + 2 * tab), window->height() - 30};
 }
 
 } // namespace
@@ -70,6 +72,8 @@ private:
 
     PluginGate m_gate;
     std::unique_ptr<DeviceSimulator> m_device;
+    HostPreferences m_preferences;
+    std::unique_ptr<HostController> m_controller;
     std::unique_ptr<HostScene> m_scene;
 };
 
@@ -94,9 +98,11 @@ void HostSceneTest::init()
 
 void HostSceneTest::showScene()
 {
-    m_scene = std::make_unique<HostScene>(m_gate);
-    const DeviceAccess access{{m_device->host(), m_device->port()}, QStringLiteral("a"), QStringLiteral("b")};
-    QVERIFY2(m_scene->show(access, false), qPrintable(m_scene->error()));
+    m_controller = std::make_unique<HostController>(nullptr, nullptr);
+    m_controller->show(QStringLiteral("house"),
+                       {{m_device->host(), m_device->port()}, QStringLiteral("a"), QStringLiteral("b")});
+    m_scene = std::make_unique<HostScene>(m_gate, m_controller.get(), &m_preferences);
+    QVERIFY2(m_scene->show(false), qPrintable(m_scene->error()));
     QVERIFY(QTest::qWaitForWindowExposed(window()));
     QTRY_COMPARE_WITH_TIMEOUT(m_device->joinedConnections(), 1, patience);
 }

@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "HostPreferences.h"
+
+#include "HostLog.h"
+#include "HostSettings.h"
+
+#include <QSettings>
+
+namespace {
+
+const QString languageKey = QStringLiteral("language");
+const QString fullScreenKey = QStringLiteral("fullScreen");
+
+} // namespace
+
+HostPreferences::HostPreferences(QObject *parent) : QObject(parent), m_language(systemLanguage())
+{
+    const QSettings settings;
+    const QString kept = settings.value(languageKey).toString();
+    if (hostLanguages().contains(kept))
+        m_language = kept;
+    else if (!kept.isEmpty())
+        qCWarning(lcHost) << "the settings name a language that is not known:" << kept;
+    m_fullScreen = settings.value(fullScreenKey).toBool();
+}
+
+QVariantList HostPreferences::languages() const
+{
+    const QStringList codes = hostLanguages();
+    const QStringList names = {QStringLiteral("English"), QStringLiteral("Deutsch"),
+                               QStringLiteral("Italiano")};
+    QVariantList all;
+    for (int i = 0; i < codes.size(); ++i) {
+        all.append(QVariantMap{{QStringLiteral("code"), codes.at(i)}, {QStringLiteral("name"), names.at(i)}});
+    }
+    return all;
+}
+
+bool HostPreferences::speak(const QString &language)
+{
+    m_language = language;
+    return installLanguage(language);
+}
+
+void HostPreferences::setLanguage(const QString &language)
+{
+    if (!hostLanguages().contains(language) || !speak(language))
+        return;
+    keep(languageKey, language);
+    Q_EMIT languageChanged();
+}
+
+void HostPreferences::setFullScreen(bool fullScreen)
+{
+    m_fullScreen = fullScreen;
+    keep(fullScreenKey, fullScreen);
+    Q_EMIT fullScreenChanged();
+}
+
+void HostPreferences::keep(const QString &key, const QVariant &value)
+{
+    QSettings settings;
+    settings.setValue(key, value);
+    const QString problem = writeOut(settings);
+    if (!problem.isEmpty())
+        Q_EMIT notKept(problem);
+}

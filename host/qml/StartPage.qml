@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+import QtQuick 2.5
+
+// Asks for the device to show, or for the password of the one that was chosen last.
+HostPage {
+    id: root
+
+    property QtObject host
+    property string connection: "" // its state in words
+
+    signal settingsRequested()
+
+    // Begins with what is known of a device.
+    function begin() {
+        form.fill(host.devices.fields(host.devices.current));
+        if (visible)
+            form.take();
+    }
+
+    function submit() {
+        form.complaint = host.connectTo(form.typed);
+    }
+
+    onVisibleChanged: if (visible) form.take()
+
+    title: "Halvora"
+
+    HostLabel {
+        width: parent.width
+        text: "Which device is it? Whoever set it up knows its address, port and user."
+    }
+
+    DeviceForm {
+        id: form
+
+        width: parent.width
+        onSubmitted: root.submit()
+    }
+
+    HostButton {
+        width: parent.width
+        text: "Connect"
+        accented: true
+        onClicked: root.submit()
+    }
+
+    HostButton {
+        width: parent.width
+        text: "Try the demo"
+        onClicked: form.complaint = root.host.showDemo()
+    }
+
+    HostButton {
+        width: parent.width
+        text: "Settings"
+        onClicked: root.settingsRequested()
+    }
+
+    HostLabel {
+        objectName: "startState"
+        width: parent.width
+        visible: text !== ""
+        text: root.connection
+    }
+
+    HostLabel {
+        objectName: "startProblem"
+        width: parent.width
+        visible: text !== ""
+        color: "#F0A35E"
+        text: root.host.problem
+    }
+}
