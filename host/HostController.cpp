@@ -57,8 +57,11 @@ QString HostController::connectTo(const QVariantMap &typed)
         return QStringLiteral("The password is missing.");
     setProblem({});
     int row = m_devices.find(device);
-    if (row < 0)
-        row = m_devices.put(m_devices.current(), device);
+    if (row < 0) {
+        // One that has not answered is corrected. Any other address is another device, which gets no known password.
+        row = m_devices.put(m_devices.rowOf(m_unproven), device);
+        m_unproven = m_devices.entry(row).id;
+    }
     m_devices.setCurrent(row);
     showRow(row, password, Password::Typed);
     return {};
@@ -142,6 +145,7 @@ QString HostController::showDemo()
 void HostController::deviceAnswered()
 {
     m_trying = false;
+    m_unproven.clear();
     if (!m_id.isEmpty() && m_passwords.value(m_id) != m_access.password)
         keepSecret(m_id, m_access.password);
 }

@@ -100,6 +100,7 @@ private:
     std::unique_ptr<SecretStore> m_secrets;
     QHash<QString, QString> m_passwords; // by the device's id
     QString m_awaited;                   // the id whose password the store is asked for
+    QString m_unproven;                  // the id of a device that was typed in and has not answered yet
     QString m_id;                        // of the shown device; empty outside of the book
     QString m_name;
     DeviceAccess m_access;

@@ -81,7 +81,7 @@ std::optional<QString> fromTerminal(const QString &user, QString *error)
 
 } // namespace
 
-std::optional<QString> readPassword(const QString &file, const QString &user, QString *error)
+static std::optional<QString> anyPassword(const QString &file, const QString &user, QString *error)
 {
     if (!file.isEmpty())
         return fromFile(file, error);
@@ -92,5 +92,15 @@ std::optional<QString> readPassword(const QString &file, const QString &user, QS
     *error = QStringLiteral(
         "--device needs a password: give --password-file FILE, set HALVORA_PASSWORD, or start it "
         "on a terminal.");
+    return std::nullopt;
+}
+
+// An empty one would make another login of it, in nobody's name.
+std::optional<QString> readPassword(const QString &file, const QString &user, QString *error)
+{
+    const std::optional<QString> password = anyPassword(file, user, error);
+    if (!password || !password->isEmpty())
+        return password;
+    *error = QStringLiteral("The password is empty.");
     return std::nullopt;
 }

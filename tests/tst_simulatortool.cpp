@@ -93,6 +93,8 @@ void SimulatorToolTest::tracesTheLink()
     QVERIFY(tool.logIn());
     QVERIFY(tool.prints("^device < CONNECT\\|me\\|default\\|token$"_s));
     QVERIFY(tool.prints("^device > \\d+\\|JOIN$"_s));
+    tool.link.write(FrameCodec::encryptText("1|CONNECT|me|anna|d1ge57|HalvoraEnvClient|token"_s) + "&");
+    QVERIFY(tool.prints("^device < CONNECT\\|me\\|anna\\|\\(digest\\)\\|HalvoraEnvClient\\|token$"_s));
 }
 
 void SimulatorToolTest::tracesTheMusicServers()

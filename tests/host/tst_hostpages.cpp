@@ -492,6 +492,12 @@ void HostPagesTest::goesOnAtADeviceThatDoesNotAnswer()
     QTRY_VERIFY_WITH_TIMEOUT(showsClient() && !said("Connect"), patience);
     QCOMPARE(m_devices[1].joinedConnections(), 1);
     QCOMPARE(m_host->controller.devices()->count(), 1); // the wrong one was corrected
+    QVERIFY(m_host->controller.connectTo({{u("host"), u("127.0.0.2")},
+                                          {u("port"), u("5000")},
+                                          {u("user"), u("anna")},
+                                          {u("password"), u(password)}})
+                .isEmpty());
+    QCOMPARE(m_host->controller.devices()->count(), 2); // the right one is kept
 }
 
 void HostPagesTest::tellsThatTheStoreFails()

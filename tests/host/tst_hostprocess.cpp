@@ -271,6 +271,9 @@ void HostProcessTest::refusesWrongOptions_data()
         << atDevice + QStringList{"--user"_s, "a"_s}
         << "--device needs a password: give --password-file FILE, set HALVORA_PASSWORD, "
            "or start it on a terminal."_s;
+    QTest::newRow("empty password")
+        << atDevice + QStringList{"--user"_s, "a"_s, "--password-file"_s, "/dev/null"_s}
+        << "The password is empty."_s;
     QTest::newRow("no such password file")
         << atDevice + QStringList{"--user"_s, "a"_s, "--password-file"_s, "/none/such"_s}
         << "The password file \"/none/such\" cannot be read: No such file or directory."_s;
