@@ -32,8 +32,9 @@ Item {
         detailRightMargin: 50
     }
 
+    // Clear of the dots below it.
     Chevron {
-        anchors { verticalCenter: parent.verticalCenter; right: parent.right; rightMargin: 13 }
+        anchors { top: parent.top; topMargin: 18; right: parent.right; rightMargin: 13 }
     }
 
     MouseArea {
