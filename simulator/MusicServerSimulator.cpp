@@ -7,6 +7,7 @@
 #include <QJsonDocument>
 #include <QPointer>
 #include <QTimer>
+#include <QTcpSocket>
 #include <QWebSocket>
 
 #include <algorithm>
@@ -89,8 +90,10 @@ MusicServerSimulator::~MusicServerSimulator()
 
 void MusicServerSimulator::connectParts()
 {
-    connect(&m_door, &ConnectionSorter::webSocketRequested, &m_webSockets,
-            &QWebSocketServer::handleConnection);
+    connect(&m_door, &ConnectionSorter::webSocketRequested, &m_webSockets, [this](QTcpSocket *socket) {
+        socket->setParent(&m_webSockets); // else nobody owns it when its peer goes in the middle of the handshake
+        m_webSockets.handleConnection(socket);
+    });
     connect(&m_door, &ConnectionSorter::plainRequested, &m_artwork, &ArtworkServer::adopt);
     connect(&m_webSockets, &QWebSocketServer::newConnection, this, &MusicServerSimulator::acceptSockets);
 

@@ -286,10 +286,10 @@ void TestLink::addressChoice()
 {
     QFETCH(const QString, steps);
     QFETCH(const QString, dialled);
+    std::vector<std::unique_ptr<Device>> records; // outlive the link: it reads the last one at each start
     House house(5);
     DeviceSimulator away;
     QVERIFY(away.listen());
-    std::vector<std::unique_ptr<Device>> records;
     for (const QString &step : steps.split(QLatin1Char(' '))) {
         records.push_back(std::make_unique<Device>());
         if (step.contains("local"_s)) {

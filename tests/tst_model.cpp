@@ -57,12 +57,6 @@ QString mirrorOf(Halvora *halvora)
 // A mirror without a link, in which everything that changes is heard.
 struct Mirror
 {
-    ~Mirror()
-    {
-        for (const Source *source : halvora.sourceMap())
-            delete source->player();
-    }
-
     void feed(const QStringList &messages)
     {
         for (const QString &message : messages)
@@ -228,9 +222,9 @@ void TestModel::repeatedSourceListMakesANewPlayer()
     Mirror test;
     const QString list = "1|BROAD|0|100|6@Box@1@127.0.0.1@"_s + server.port();
     test.feed({list});
-    const std::unique_ptr<HalvoraPlayer> former(test.halvora.sourceAt(6)->player());
+    const HalvoraPlayer *former = test.halvora.sourceAt(6)->player();
     test.feed({list, "1|BROAD|0|100|6@Box@1"_s});
-    QVERIFY(test.halvora.sourceAt(6)->player() != former.get());
+    QVERIFY(test.halvora.sourceAt(6)->player() != former);
     QCOMPARE(test.halvora.sourceAt(6)->player()->ipAddress(), QString());
     QTRY_COMPARE(server.liveSockets(), 2); // the former ones stay connected
 }

@@ -56,9 +56,11 @@ public:
         log.watch(controller, "stack"_s);
     }
 
+    // A view that leaves the stack is deleted by it, the rest with this.
     NavigationView *newView(const QString &title)
     {
         auto *made = new NavigationView;
+        made->setParent(&views);
         made->setTitle(title);
         log.watch(made, title);
         return made;
@@ -81,6 +83,7 @@ public:
     }
 
     Theme theme;
+    QObject views;
     QQuickView view;
     SignalLog log;
     NavigationController *controller = nullptr; // of the window

@@ -70,6 +70,15 @@ struct Halvora::Code
 
 Halvora::Halvora(QObject *parent) : QObject(parent) { }
 
+Halvora::~Halvora()
+{
+    stopAllPlayers();
+    Reclaimer::dropAll(m_players);
+    Reclaimer::dropAll(m_sources.values());
+    Reclaimer::dropAll(m_outputs.values());
+    Reclaimer::dropAll(m_entries);
+}
+
 QObject *Halvora::connPointer() const
 {
     return m_connPointer;

@@ -18,7 +18,7 @@ class HalvoraConnThread;
  * the actions that ask the device for a change.
  *
  * Made by MainTabController for each device, without a parent, in the GUI thread, where everything here runs;
- * alive until the process ends. Only the device's own messages change the mirror. An action formats one command
+ * dropped with it. Only the device's own messages change the mirror. An action formats one command
  * and hands it to the link: no limit, no retry, no answer, and nothing while there is no link. What it changes
  * shows when the device has answered.
  *
@@ -37,6 +37,8 @@ class Halvora : public QObject
 
 public:
     explicit Halvora(QObject *parent = nullptr);
+    /// Stops all players and drops all objects of its lists, the players of earlier source lists too.
+    ~Halvora() override;
 
     /// The link, a HalvoraConnThread (anything else counts as null); null by default. Not owned. A link that was
     /// set earlier stays connected.

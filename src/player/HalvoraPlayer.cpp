@@ -5,6 +5,7 @@
 
 #include "player/ListProperty.h"
 #include "player/PlayerTiming.h"
+#include "player/Reclaimer.h"
 #include "player/SocketHandler.h"
 
 HalvoraPlayer::HalvoraPlayer(QObject *parent) : QObject(parent)
@@ -20,6 +21,9 @@ HalvoraPlayer::HalvoraPlayer(QObject *parent) : QObject(parent)
 HalvoraPlayer::~HalvoraPlayer()
 {
     stopConnection();
+    Reclaimer::drop(m_currentSong);
+    Reclaimer::dropAll(m_queueMap.values());
+    Reclaimer::dropAll(m_playlists);
 }
 
 QQmlListProperty<Song> HalvoraPlayer::queue()

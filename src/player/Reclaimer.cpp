@@ -3,14 +3,21 @@
 
 #include "player/Reclaimer.h"
 
+#include <QCoreApplication>
 #include <QQmlEngine>
 
 QPointer<Reclaimer> Reclaimer::s_instance;
+Reclaimer::Queue Reclaimer::s_kept;
 
 Reclaimer::Reclaimer(QQmlEngine *engine) : QObject(engine)
 {
     m_idle.setInterval(0);
     connect(&m_idle, &QTimer::timeout, this, &Reclaimer::freeSome);
+}
+
+Reclaimer::~Reclaimer()
+{
+    kept() += m_dropped;
 }
 
 void Reclaimer::begin(QQmlEngine *engine)
@@ -21,10 +28,33 @@ void Reclaimer::begin(QQmlEngine *engine)
 
 void Reclaimer::drop(QObject *object)
 {
-    if (!object || !s_instance)
+    if (!object)
         return;
+    if (!s_instance) {
+        kept().enqueue(object);
+        return;
+    }
     s_instance->m_dropped.enqueue(object);
     s_instance->m_idle.start();
+}
+
+Reclaimer::Queue &Reclaimer::kept()
+{
+    // The library may be unloaded ahead of the application's end.
+    struct AtTheEnd
+    {
+        AtTheEnd() { qAddPostRoutine(freeKept); }
+        ~AtTheEnd() { qRemovePostRoutine(freeKept); }
+    };
+    static const AtTheEnd atTheEnd;
+    return s_kept;
+}
+
+// An object that goes may drop others.
+void Reclaimer::freeKept()
+{
+    while (!s_kept.isEmpty())
+        delete s_kept.dequeue();
 }
 
 // An object that QML has looked at belongs to an engine; its collector knows who still shows it.

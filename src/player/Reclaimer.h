@@ -16,13 +16,15 @@ class QQmlEngine;
  * the rest is handed to QML's garbage collector. Both happens bit by bit, when there is nothing else to do.
  *
  * One for the process, a child of the engine that begin() was called with, in the GUI thread. Before that, and when
- * the engine is gone, what is dropped is kept: plain C++ users may still hold it.
+ * the engine is gone, what is dropped is kept until the application object goes: plain C++ users may still hold it.
  */
 class Reclaimer final : public QObject
 {
     Q_OBJECT
 
 public:
+    ~Reclaimer() override;
+
     /// To be called when there is an engine whose screens show the lists. A later call is ignored while it lives.
     static void begin(QQmlEngine *engine);
 
@@ -37,11 +39,16 @@ public:
     }
 
 private:
+    using Queue = QQueue<QPointer<QObject>>;
+
     explicit Reclaimer(QQmlEngine *engine);
     void freeSome();
+    static Queue &kept();
+    static void freeKept();
 
     static QPointer<Reclaimer> s_instance;
+    static Queue s_kept;
 
-    QQueue<QPointer<QObject>> m_dropped;
+    Queue m_dropped;
     QTimer m_idle;
 };

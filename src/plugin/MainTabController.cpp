@@ -24,9 +24,9 @@ namespace {
 constexpr int shownWidth = 450;
 constexpr int shownHeight = 640;
 
-Device *newDevice(const QObject *host)
+std::unique_ptr<Device> newDevice(const QObject *host)
 {
-    auto *device = new Device;
+    auto device = std::make_unique<Device>();
     device->setLocalIp(host->property("localIp").toString());
     device->setLocalPort(host->property("localPort").toInt());
     device->setUsername(host->property("username").toString());
@@ -43,12 +43,15 @@ MainTabController::MainTabController(QQuickItem *parent) : QQuickItem(parent)
     DynamicTranslator::loadTranslations();
 }
 
-// The players live on, with nobody left to stop them.
+// The screens go while their engine is there, and the models after the screens that show them.
 MainTabController::~MainTabController()
 {
     didEnterBackground();
-    if (m_halvora)
-        m_halvora->stopAllPlayers(); // whose signals would reach screens without an engine
+    for (Halvora *halvora : qAsConst(m_halvoras))
+        halvora->stopAllPlayers();
+    delete m_outputsView;
+    delete m_playerView;
+    Reclaimer::dropAll(m_halvoras);
 }
 
 void MainTabController::setMenuListView(QQuickItem *item)
@@ -83,8 +86,8 @@ void MainTabController::publishTheme()
         return;
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
     if (document.isObject()) {
-        qmlEngine(this)->rootContext()->setContextProperty(QStringLiteral("currentTheme"),
-                                                           new Theme(document.object()));
+        qmlEngine(this)->rootContext()->setContextProperty(
+            QStringLiteral("currentTheme"), new Theme(document.object(), qmlEngine(this)));
     }
 }
 
@@ -132,10 +135,11 @@ void MainTabController::initDevice(QObject *device)
     m_hostDevice = device;
     connect(device, SIGNAL(requestConnect()), this, SLOT(didEnterForeground()));
     connect(device, SIGNAL(requestDisconnect()), this, SLOT(didEnterBackground()));
-    Device *const record = newDevice(device);
+    m_records.push_back(newDevice(device));
     m_halvora = new Halvora;
+    m_halvoras.append(m_halvora);
     m_halvora->setConnPointer(&m_link);
-    m_link.setDevice(record);
+    m_link.setDevice(m_records.back().get());
     didEnterForeground();
 }
 

@@ -8,6 +8,9 @@
 #include <QPointer>
 #include <QQuickItem>
 
+#include <memory>
+#include <vector>
+
 class Halvora;
 class OutputsView;
 class PlayerView;
@@ -16,8 +19,8 @@ class PlayerView;
  * The root of the client in the host's scene: owns the link, makes the device model and the two screens, and
  * switches between them.
  *
- * Made by the host's QML, in the GUI thread, where everything here runs. The link ends with it; the device
- * models and the screens that it has made live until the process ends. The host gives it a menu and a container
+ * Made by the host's QML, in the GUI thread, where everything here runs. The link and the screens
+ * end with it; the device models that it has made, then, when QML has let go of them. The host gives it a menu and a container
  * (not owned), a QML function playerButtonEnabled() on the instance, and calls tabLoadingCompleted() once and
  * initDevice() for each device, in either order; docs/host-contract.md tells the whole of it.
  */
@@ -30,7 +33,8 @@ class MainTabController : public QQuickItem
 
 public:
     explicit MainTabController(QQuickItem *parent = nullptr);
-    /// Stops what didEnterBackground() stops.
+    /// Stops the link and all players there have been, and deletes the two screens. The models stay for as long as
+    /// QML refers to them.
     ~MainTabController() override;
 
     /// The tab menu: an item with an integer `currentIndex`, 0 for the outputs and 1 for the player, and its change
@@ -78,8 +82,10 @@ private:
     template<typename View>
     void bringUp(View *view);
 
+    std::vector<std::unique_ptr<Device>> m_records; // of all devices; ahead of the link, which reads the last one
     HalvoraConnThread m_link;
-    Halvora *m_halvora = nullptr;
+    QList<Halvora *> m_halvoras;  // of all devices
+    Halvora *m_halvora = nullptr; // of the last one
     QPointer<QQuickItem> m_menuListView;
     QPointer<QQuickItem> m_containerView;
     OutputsView *m_outputsView = nullptr;
