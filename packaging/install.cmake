@@ -45,6 +45,28 @@ add_custom_command(OUTPUT ${debian_changelog}
     VERBATIM)
 add_custom_target(debian-changelog ALL DEPENDS ${debian_changelog})
 
+# Manual pages, made of what --help says.
+function(install_manual program component name)
+    set(page ${CMAKE_CURRENT_BINARY_DIR}/man/${program}.1)
+    add_custom_command(OUTPUT ${page}.gz
+        COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_CURRENT_BINARY_DIR}/man
+        COMMAND ${CMAKE_COMMAND} -E env QT_QPA_PLATFORM=offscreen SOURCE_DATE_EPOCH=${changelog_time}
+            ${HELP2MAN} --no-info --name=${name} --output=${page} $<TARGET_FILE:${program}>
+        COMMAND gzip -9nf ${page}
+        DEPENDS ${program}
+        VERBATIM)
+    add_custom_target(manual-${program} ALL DEPENDS ${page}.gz)
+    install(FILES ${page}.gz DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT ${component})
+endfunction()
+if(HALVORA_PACKAGES)
+    find_program(HELP2MAN help2man REQUIRED)
+    # The pages bear the month of the changelog, not that of the build.
+    execute_process(COMMAND dpkg-parsechangelog -l ${CMAKE_SOURCE_DIR}/packaging/debian/changelog -S Timestamp
+        OUTPUT_VARIABLE changelog_time OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    install_manual(halvora-host host "desktop application for Halvora multi-room audio")
+    install_manual(halvora-simulator simulator "Halvora device and music servers, simulated")
+endif()
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME halvora-client)
 set(CPACK_PACKAGE_VENDOR "The Halvora client authors")
@@ -77,16 +99,18 @@ set(CPACK_DEBIAN_HOST_PACKAGE_NAME halvora-host)
 set(CPACK_DEBIAN_HOST_PACKAGE_SECTION sound)
 set(CPACK_DEBIAN_HOST_PACKAGE_DEPENDS
     "qml-module-halvora (= ${PROJECT_VERSION}), qml-module-qtquick-window2, fonts-dejavu-core")
-set(CPACK_DEBIAN_HOST_PACKAGE_RECOMMENDS "qtwayland5")
+set(CPACK_DEBIAN_HOST_PACKAGE_RECOMMENDS "qtwayland5, libsecret-1-0, gnome-keyring | kwalletmanager")
 set(CPACK_COMPONENT_HOST_DESCRIPTION "desktop application for Halvora multi-room audio
-Zones, routing and the music players of a Halvora audio matrix in a window, with
-a simulated house to try it without a device.")
+Zones, routing and the music players of a Halvora audio matrix in a window,
+with a simulated house to try it without a device.")
 
 set(CPACK_DEBIAN_SIMULATOR_PACKAGE_NAME halvora-simulator)
 set(CPACK_DEBIAN_SIMULATOR_PACKAGE_SECTION devel)
+# Covers are drawn with type.
+set(CPACK_DEBIAN_SIMULATOR_PACKAGE_DEPENDS fonts-dejavu-core)
 set(CPACK_COMPONENT_SIMULATOR_DESCRIPTION "Halvora device and music servers, simulated
-A device, its music servers and their covers on 127.0.0.1, to develop a client of
-a Halvora against, with faults to try it with.")
+A device, its music servers and their covers on 127.0.0.1, to develop a
+client of a Halvora against, with faults to try it with.")
 
 foreach(component QML HOST SIMULATOR)
     set(documents ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${component}_PACKAGE_NAME})

@@ -66,7 +66,12 @@ void ArtworkServer::adopt(QTcpSocket *socket)
     ++m_accepted;
     auto *connection = new HttpConnection(socket, this);
     connect(connection, &HttpConnection::requestReceived, this,
-            [this, connection](const QByteArray &, const QString &path) { answer(connection, path); });
+            [this, connection](const QByteArray &method, const QString &path) {
+                Q_EMIT textReceived(QString::fromLatin1(method) + QLatin1Char(' ') + path);
+                answer(connection, path);
+            });
+    connect(connection, &HttpConnection::responseSent, this,
+            [this](const HttpResponse &response) { Q_EMIT textSent(response.summary()); });
     connection->start();
 }
 

@@ -54,6 +54,9 @@ public:
 
 Q_SIGNALS:
     void requestReceived(const QString &path); ///< emitted before it is answered
+    // Each request and answer in words, as they pass; of a picture only its size.
+    void textReceived(const QString &text);
+    void textSent(const QString &text);
 
 private:
     void answer(HttpConnection *connection, const QString &path);

@@ -6,14 +6,24 @@
 #include "simulator/DemoHouse.h"
 #include "simulator/MusicServerSimulator.h"
 
+#include <QFile>
+#include <QTextStream>
+
 #include <algorithm>
 #include <functional>
+#include <limits>
+#include <optional>
 #include <vector>
 
 namespace {
 
-// What a line does with its value; false when the value is none for it.
-using Action = std::function<bool(DemoHouse *, const QString &value)>;
+// A sentence on why it cannot be done, "" when it is done; nothing when the value is none for this command.
+using Answer = std::optional<QString>;
+const Answer done = QString();
+const Answer misunderstood = std::nullopt;
+
+// What a line does with its value.
+using Action = std::function<Answer(DemoHouse *, const QString &value)>;
 
 struct Command
 {
@@ -29,16 +39,30 @@ void eachServer(DemoHouse *house, const std::function<void(MusicServerSimulator 
         visit(server);
 }
 
+template<int least, int most = std::numeric_limits<int>::max()>
+std::optional<int> numberIn(const QString &text)
+{
+    bool isNumber = false;
+    const int number = text.toInt(&isNumber);
+    return isNumber && number >= least && number <= most ? std::optional(number) : std::nullopt;
+}
+
+std::optional<bool> flagIn(const QString &text)
+{
+    const bool isOn = text == QLatin1String("on");
+    return isOn || text == QLatin1String("off") ? std::optional(isOn) : std::nullopt;
+}
+
 // "on" or "off" for a flag of any of the fault structures.
 template<typename Set>
 Action onOff(Set set)
 {
     return [set](DemoHouse *house, const QString &value) {
-        const bool on = value == QLatin1String("on");
-        if (!on && value != QLatin1String("off"))
-            return false;
-        set(house, on);
-        return true;
+        const std::optional<bool> on = flagIn(value);
+        if (!on)
+            return misunderstood;
+        set(house, *on);
+        return done;
     };
 }
 
@@ -47,11 +71,11 @@ template<typename Set>
 Action number(Set set, int off)
 {
     return [set, off](DemoHouse *house, const QString &value) {
-        bool isNumber = value == QLatin1String("off");
-        const int wanted = isNumber ? off : value.toInt(&isNumber);
-        if (isNumber && wanted >= off)
-            set(house, wanted);
-        return isNumber && wanted >= off;
+        const std::optional<int> wanted = value == QLatin1String("off") ? off : numberIn<0>(value);
+        if (!wanted)
+            return misunderstood;
+        set(house, *wanted);
+        return done;
     };
 }
 
@@ -104,29 +128,67 @@ Action pictures(int ArtworkFaults::*value, int off)
         off);
 }
 
-// "OUTPUT NUMBER"
-Action atDevice(void (DeviceSimulator::*change)(int output, int value))
+// Something at the device that a person can turn or switch.
+struct Part
 {
-    return [change](DemoHouse *house, const QString &value) {
-        bool isOutput = false;
-        bool isNumber = false;
-        const int output = value.section(QLatin1Char(' '), 0, 0).toInt(&isOutput);
-        const int wanted = value.section(QLatin1Char(' '), 1).toInt(&isNumber);
-        DeviceState state = house->device()->state();
-        const bool known = isOutput && isNumber && state.output(output);
-        if (known)
-            (house->device()->*change)(output, wanted);
-        return known;
+    const char *name;
+    bool (*isThere)(DeviceState state, int index);
+};
+
+constexpr Part output{"output", [](DeviceState state, int index) { return state.output(index) != nullptr; }};
+constexpr Part source{"source", [](DeviceState state, int index) { return state.source(index) != nullptr; }};
+
+// "" when there is such a part, otherwise the sentence.
+QString absence(DemoHouse *house, const Part &part, int index)
+{
+    return part.isThere(house->device()->state(), index)
+        ? QString()
+        : QStringLiteral("There is no %1 %2.").arg(QLatin1String(part.name)).arg(index);
+}
+
+// The part's index and a value. The device itself says nothing about a part that it does not have.
+template<typename Value>
+Action at(const Part &part, std::optional<Value> (*read)(const QString &),
+          void (DeviceSimulator::*change)(int index, Value value))
+{
+    return [=](DemoHouse *house, const QString &value) {
+        const std::optional<int> index = numberIn<0>(value.section(QLatin1Char(' '), 0, 0));
+        const std::optional<Value> wanted = read(value.section(QLatin1Char(' '), 1));
+        if (!index || !wanted)
+            return misunderstood;
+        const QString missing = absence(house, part, *index);
+        if (missing.isEmpty())
+            (house->device()->*change)(*index, *wanted);
+        return Answer(missing);
     };
+}
+
+Answer route(DemoHouse *house, const QString &value)
+{
+    const std::optional<int> wanted = numberIn<-1>(value.section(QLatin1Char(' '), 1));
+    const QString missing = wanted.value_or(-1) < 0 ? QString() : absence(house, source, *wanted);
+    return missing.isEmpty() ? at(output, numberIn<-1>, &DeviceSimulator::setRoute)(house, value) : missing;
 }
 
 Action always(const std::function<void(DemoHouse *)> &act)
 {
     return [act](DemoHouse *house, const QString &value) {
-        if (value.isEmpty())
-            act(house);
-        return value.isEmpty();
+        if (!value.isEmpty())
+            return misunderstood;
+        act(house);
+        return done;
     };
+}
+
+Answer acceptLinks(DemoHouse *house, const QString &value)
+{
+    DeviceSimulator *device = house->device();
+    if (!value.isEmpty())
+        return misunderstood;
+    if (device->listenAgain())
+        return done;
+    return QStringLiteral("The device cannot listen on port %1 again: %2.")
+        .arg(QString::number(device->port()), device->errorString());
 }
 
 const std::vector<Command> &commands()
@@ -147,8 +209,7 @@ const std::vector<Command> &commands()
          always([](DemoHouse *house) { house->device()->dropAll(); })},
         {"link-refuse", "", "the device takes no more connections",
          always([](DemoHouse *house) { house->device()->stopListening(); })},
-        {"link-accept", "", "it takes connections again",
-         always([](DemoHouse *house) { house->device()->listenAgain(); })},
+        {"link-accept", "", "it takes connections again", acceptLinks},
         {"music-silent", "on|off", "music servers do not reply", music(&ServerFaults::noReply)},
         {"music-error", "on|off", "music servers reply with errors", music(&ServerFaults::errorReply)},
         {"music-double", "on|off", "music servers reply twice", music(&ServerFaults::doubleReply)},
@@ -160,11 +221,21 @@ const std::vector<Command> &commands()
         {"pictures-missing", "on|off", "there are no pictures", pictures(&ArtworkFaults::notFound)},
         {"pictures-broken", "on|off", "pictures are cut off", pictures(&ArtworkFaults::truncatedBody)},
         {"pictures-delay", "MS|off", "pictures come late", pictures(&ArtworkFaults::delayMs, 0)},
-        {"volume", "OUTPUT 0-100", "somebody turns the volume", atDevice(&DeviceSimulator::setVolume)},
-        {"route", "OUTPUT SOURCE", "somebody changes the source, -1 for none",
-         atDevice(&DeviceSimulator::setRoute)},
+        {"volume", "OUTPUT 0-100", "somebody turns the volume",
+         at(output, numberIn<0, 100>, &DeviceSimulator::setVolume)},
+        {"mute", "OUTPUT on|off", "somebody mutes the output", at(output, flagIn, &DeviceSimulator::setMute)},
+        {"route", "OUTPUT SOURCE", "somebody changes the source, -1 for none", route},
+        {"source-volume", "SOURCE 0-100", "somebody turns the volume of a source",
+         at(source, numberIn<0, 100>, &DeviceSimulator::setSourceVolume)},
     };
     return all;
+}
+
+// A line of the list.
+QString described(const QString &call, const QString &text)
+{
+    constexpr int column = 27;
+    return QStringLiteral("  %1%2").arg(call.trimmed(), -column).arg(text);
 }
 
 } // namespace
@@ -174,23 +245,19 @@ FaultConsole::FaultConsole(DemoHouse *house, QObject *parent) : QObject(parent),
 QString FaultConsole::help() const
 {
     QString text;
-    for (const Command &command : commands()) {
-        const QString call = QLatin1String(command.word) + QLatin1Char(' ') + QLatin1String(command.value);
-        text += QStringLiteral("  %1 %2\n").arg(call.trimmed(), -24).arg(QLatin1String(command.text));
-    }
-    return text
-        + QStringLiteral("  %1 %2\n  %3 %4")
-              .arg(QStringLiteral("help"), -24)
-              .arg(QStringLiteral("this list"))
-              .arg(QStringLiteral("quit"), -24)
-              .arg(QStringLiteral("ends the simulator"));
+    for (const Command &command : commands())
+        text += described(QLatin1String(command.word) + QLatin1Char(' ') + QLatin1String(command.value),
+                          QLatin1String(command.text))
+            + QLatin1Char('\n');
+    return text + described(QStringLiteral("help"), QStringLiteral("this list")) + QLatin1Char('\n')
+        + described(QStringLiteral("quit"), QStringLiteral("ends the simulator"));
 }
 
 QString FaultConsole::carryOut(const QString &line)
 {
     const QString wanted = line.simplified();
     const QString word = wanted.section(QLatin1Char(' '), 0, 0);
-    if (word.isEmpty())
+    if (word.isEmpty() || word.startsWith(QLatin1Char('#')))
         return {};
     if (word == QLatin1String("help"))
         return help();
@@ -203,9 +270,24 @@ QString FaultConsole::carryOut(const QString &line)
         all.begin(), all.end(), [&](const Command &known) { return word == QLatin1String(known.word); });
     if (command == all.end())
         return QStringLiteral("\"%1\" is no command; \"help\" lists them.").arg(word);
-    if (command->act(m_house, wanted.section(QLatin1Char(' '), 1)))
-        return {};
+    if (const Answer answer = command->act(m_house, wanted.section(QLatin1Char(' '), 1)))
+        return *answer;
     const QString value = QLatin1String(command->value);
     return value.isEmpty() ? QStringLiteral("\"%1\" takes no value.").arg(word)
                            : QStringLiteral("\"%1\" wants %2.").arg(word, value);
+}
+
+QString FaultConsole::carryOutFile(const QString &name)
+{
+    QFile file(name);
+    if (!file.open(QIODevice::ReadOnly))
+        return QStringLiteral("The file \"%1\" cannot be read: %2.").arg(name, file.errorString());
+    QTextStream lines(&file);
+    lines.setCodec("UTF-8");
+    for (int number = 1; !lines.atEnd(); ++number) {
+        const QString answer = carryOut(lines.readLine());
+        if (!answer.isEmpty())
+            return QStringLiteral("%1:%2: %3").arg(name, QString::number(number), answer);
+    }
+    return {};
 }

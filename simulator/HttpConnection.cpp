@@ -44,7 +44,7 @@ void HttpConnection::readRequest()
     }
     const QByteArray head = m_buffer.left(end);
     m_buffer.remove(0, end + 4);
-    const QList<QByteArray> words = head.left(head.indexOf('\r')).split(' ');
+    const QList<QByteArray> words = head.split('\r').constFirst().split(' ');
     if (words.size() != 3) {
         m_socket->abort();
         return;
@@ -69,6 +69,7 @@ void HttpConnection::sendHead()
 {
     if (m_socket->state() != QAbstractSocket::ConnectedState)
         return;
+    Q_EMIT responseSent(m_response);
     m_socket->write(m_response.head());
     if (!m_wantsBody || m_response.body.isEmpty()) {
         finish();

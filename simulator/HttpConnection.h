@@ -29,6 +29,7 @@ public:
 
 Q_SIGNALS:
     void requestReceived(const QByteArray &method, const QString &path);
+    void responseSent(const HttpResponse &response); ///< its head; a slow body follows
 
 private:
     void readRequest();

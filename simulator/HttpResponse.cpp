@@ -14,3 +14,11 @@ QByteArray HttpResponse::head() const
     text += isEndless || closeAfter ? "Connection: close\r\n" : "Connection: keep-alive\r\n";
     return text + "\r\n";
 }
+
+QString HttpResponse::summary() const
+{
+    const QString size = isEndless ? QStringLiteral("bytes without end")
+                                   : QStringLiteral("%1 bytes").arg(body.size());
+    return QStringLiteral("%1, %2, %3")
+        .arg(QString::fromLatin1(status), QString::fromLatin1(contentType), size);
+}

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 /// One answer of the picture server, wrong lengths and all. A plain value.
 struct HttpResponse
@@ -21,4 +22,7 @@ struct HttpResponse
 
     /// The head with its empty line.
     QByteArray head() const;
+
+    /// The status, type and size in words, on one line, for people to read.
+    QString summary() const;
 };

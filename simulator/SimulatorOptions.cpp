@@ -6,6 +6,8 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
+#include <functional>
+
 namespace {
 
 // -1 for anything that is no port.
@@ -52,6 +54,15 @@ void readCount(const QString &text, const QString &option, int most, int *count,
                      .arg(text, QString::number(most), option);
 }
 
+void readUser(const QString &text, SimulatorOptions &options)
+{
+    // The link has no escape for its separator.
+    if (text.isEmpty() || text.contains(QLatin1Char('|')))
+        options.error = QStringLiteral("\"%1\" is no user name: give one without \"|\" after --user.")
+                            .arg(text);
+    options.user = text;
+}
+
 QString sentence(QString text)
 {
     return text.endsWith(QLatin1Char('.')) ? text : text + QLatin1Char('.');
@@ -77,15 +88,29 @@ SimulatorOptions SimulatorOptions::parse(const QStringList &arguments)
     const QCommandLineOption traceOption(
         QStringLiteral("trace"),
         QStringLiteral("Print what passes on the wire, deciphered: > to the client, < from it."));
+    const QCommandLineOption stateOption(
+        QStringLiteral("state"),
+        QStringLiteral("Carry out the commands in this file at the start, such as \"volume 1 55\"."),
+        QStringLiteral("FILE"));
+    const QCommandLineOption userOption(
+        QStringLiteral("user"),
+        QStringLiteral("Let this user alone log in; without this option everybody can."),
+        QStringLiteral("NAME"));
+    const QCommandLineOption passwordOption(QStringLiteral("password-file"),
+                                            QStringLiteral("File whose first line is the user's password."),
+                                            QStringLiteral("FILE"));
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
         "A simulated Halvora house on 127.0.0.1: a device, its music servers and their cover art.\n"
         "Prints each address on a line of its own and runs until it is interrupted. While it runs it reads\n"
-        "commands from its standard input, a line each: \"help\" lists them, such as \"refuse-login on\"."));
+        "commands from its standard input, a line each: \"help\" lists them, such as \"refuse-login on\".\n\n"
+        "The password of --user is read from --password-file, else from the environment variable\n"
+        "HALVORA_PASSWORD."));
     const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
                                   QStringLiteral("Displays this help."));
     const QCommandLineOption version = parser.addVersionOption();
-    parser.addOptions({help, portOption, mopidyOption, outputsOption, tracksOption, traceOption});
+    parser.addOptions({help, portOption, userOption, passwordOption, stateOption, mopidyOption, outputsOption,
+                       tracksOption, traceOption});
 
     SimulatorOptions options;
     if (!parser.parse(arguments))
@@ -97,16 +122,32 @@ SimulatorOptions SimulatorOptions::parse(const QStringList &arguments)
                                                        QCoreApplication::applicationVersion());
     else if (!parser.positionalArguments().isEmpty())
         options.error = QStringLiteral("\"%1\" is no option.").arg(parser.positionalArguments().constFirst());
-    if (options.error.isEmpty() && parser.isSet(portOption))
-        readPort(parser.value(portOption), options);
-    if (options.error.isEmpty() && parser.isSet(mopidyOption))
-        readMopidy(parser.value(mopidyOption), options);
-    if (options.error.isEmpty() && parser.isSet(outputsOption))
-        readCount(parser.value(outputsOption), QStringLiteral("outputs"), 64, &options.outputs,
-                  &options.error);
-    if (options.error.isEmpty() && parser.isSet(tracksOption))
-        readCount(parser.value(tracksOption), QStringLiteral("tracks"), 1000000, &options.tracks,
-                  &options.error);
+    else if (parser.isSet(passwordOption) && !parser.isSet(userOption))
+        options.error = QStringLiteral("--password-file can only be used with --user.");
+
+    const struct
+    {
+        const QCommandLineOption &option;
+        std::function<void(const QString &)> read;
+    } readers[] = {
+        {portOption, [&](const QString &text) { readPort(text, options); }},
+        {mopidyOption, [&](const QString &text) { readMopidy(text, options); }},
+        {outputsOption,
+         [&](const QString &text) {
+             readCount(text, QStringLiteral("outputs"), 64, &options.outputs, &options.error);
+         }},
+        {tracksOption,
+         [&](const QString &text) {
+             readCount(text, QStringLiteral("tracks"), 1000000, &options.tracks, &options.error);
+         }},
+        {userOption, [&](const QString &text) { readUser(text, options); }},
+    };
+    for (const auto &reader : readers) {
+        if (options.error.isEmpty() && parser.isSet(reader.option))
+            reader.read(parser.value(reader.option));
+    }
+    options.passwordFile = parser.value(passwordOption);
+    options.stateFile = parser.value(stateOption);
     options.trace = parser.isSet(traceOption);
     return options;
 }

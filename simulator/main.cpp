@@ -4,12 +4,16 @@
 #include <QGuiApplication>
 #include <QTextStream>
 
+#include <optional>
+
 #include "simulator/DemoHouse.h"
 #include "simulator/FaultConsole.h"
 #include "simulator/LineReader.h"
+#include "simulator/LoginPassword.h"
 #include "simulator/MusicServerSimulator.h"
 #include "simulator/SignalWatcher.h"
 #include "simulator/SimulatorOptions.h"
+#include "simulator/WireTrace.h"
 
 namespace {
 
@@ -38,43 +42,29 @@ void tell(const QString &text)
     QTextStream(stdout) << text << Qt::endl;
 }
 
-// Who has the digest of a login can log in with it, and traces get shown around.
-QString withoutDigest(const QString &text)
-{
-    constexpr int digestAt = 3;
-    QStringList fields = text.split(QLatin1Char('|'));
-    if (fields.first() != QLatin1String("CONNECT") || fields.size() != 6)
-        return text;
-    fields[digestAt] = QStringLiteral("(digest)");
-    return fields.join(QLatin1Char('|'));
-}
-
-// Each text on a line of its own, behind who speaks and in which direction.
-template<typename Peer>
-void traceTexts(Peer *peer, const QString &name, void (Peer::*received)(const QString &),
-                void (Peer::*sent)(const QString &))
-{
-    QObject::connect(peer, received, peer,
-                     [name](const QString &text) { tell(name + QLatin1String(" < ") + withoutDigest(text)); });
-    QObject::connect(peer, sent, peer,
-                     [name](const QString &text) { tell(name + QLatin1String(" > ") + text); });
-}
-
-void trace(DemoHouse &house)
-{
-    traceTexts(house.device(), QStringLiteral("device"), &DeviceSimulator::messageReceived,
-               &DeviceSimulator::messageSent);
-    const QMap<int, MusicServerSimulator *> &servers = house.musicServers();
-    for (auto server = servers.cbegin(); server != servers.cend(); ++server)
-        traceTexts(server.value(), QStringLiteral("music %1").arg(server.key()),
-                   &MusicServerSimulator::textReceived, &MusicServerSimulator::textSent);
-}
-
 void obey(FaultConsole *console, const QString &line)
 {
     const QString answer = console->carryOut(line);
     if (!answer.isEmpty())
         tell(answer);
+}
+
+void obeyLines(const LineReader &lines, FaultConsole *console)
+{
+    QObject::connect(&lines, &LineReader::lineRead, console,
+                     [console](const QString &line) { obey(console, line); });
+    QObject::connect(&lines, &LineReader::lineDropped, console, [](int bytes) {
+        tell(QStringLiteral("A line of more than %1 bytes was passed over.").arg(bytes));
+    });
+}
+
+// Names the one who may log in, if the options do; a sentence when the password cannot be had.
+QString restrictLogin(DeviceSimulator *device, const SimulatorOptions &options)
+{
+    QString error;
+    if (!options.user.isEmpty())
+        device->setCredentials(options.user, loginPassword(options.passwordFile, &error));
+    return error;
 }
 
 // Read before there is a GUI application, so that a wrong option is all that is complained about.
@@ -105,18 +95,26 @@ int main(int argc, char *argv[])
     const SignalWatcher watcher;
     QObject::connect(&watcher, &SignalWatcher::stopRequested, &application, &QCoreApplication::quit);
     DemoHouse house;
+    const QString noPassword = restrictLogin(house.device(), options);
+    if (!noPassword.isEmpty())
+        return complain(noPassword, statusUsage);
     if (!options.mopidyHost.isEmpty())
         house.setRealServer(options.mopidyHost, options.mopidyPort);
     house.setSize(options.outputs, options.tracks);
     if (!house.start(options.port))
         return complain(house.errorText(), statusFailed);
-    if (options.trace)
-        trace(house);
-    printAddresses(house);
     FaultConsole console(&house);
+    QObject::connect(&console, &FaultConsole::quitRequested, &application, &QCoreApplication::quit,
+                     Qt::QueuedConnection);
+    const QString wrongState = options.stateFile.isEmpty() ? QString()
+                                                           : console.carryOutFile(options.stateFile);
+    if (!wrongState.isEmpty())
+        return complain(wrongState, statusUsage);
+    std::optional<WireTrace> trace;
+    if (options.trace)
+        QObject::connect(&trace.emplace(&house), &WireTrace::passed, &application, tell);
+    printAddresses(house);
     const LineReader lines;
-    QObject::connect(&lines, &LineReader::lineRead, &console,
-                     [&](const QString &line) { obey(&console, line); });
-    QObject::connect(&console, &FaultConsole::quitRequested, &application, &QCoreApplication::quit);
+    obeyLines(lines, &console);
     return QCoreApplication::exec();
 }
