@@ -9,8 +9,7 @@ Window {
         id: device
         property string localIp: access[0]; property int localPort: access[1]
         property string username: access[2]; property string password: access[3]
-        property int posX: 0; property int posY: 0
-        signal requestConnect(); signal requestDisconnect()
+        property int posX: 0; property int posY: 0; signal requestConnect(); signal requestDisconnect()
     }
     MainTabController {
         function playerButtonEnabled() { menu.playerEnabled = true }
@@ -21,9 +20,10 @@ Window {
     ListView {
         id: menu
         property bool playerEnabled: false
-        y: 640; width: 450; height: 50; orientation: Qt.Horizontal; currentIndex: -1
-        model: ["Outputs", "Player"]
+        y: 640; width: 450; height: 50; orientation: Qt.Horizontal; currentIndex: -1; model: ["Outputs", "Player"]
         delegate: Text {
             width: 225; height: 50; text: modelData; enabled: index === 0 || menu.playerEnabled
             MouseArea { anchors.fill: parent; onClicked: menu.currentIndex = index }
-}}}
+        }
+    }
+}
