@@ -55,8 +55,8 @@ void DeviceBook::keep()
     }
     settings.endArray();
     settings.setValue(currentKey, m_currentId);
-    const QString problem = writeOut(settings);
-    if (!problem.isEmpty())
+    const Sentence problem = writeOut(settings);
+    if (problem)
         Q_EMIT notKept(problem);
     Q_EMIT changed();
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "DeviceEntry.h"
+#include "Sentence.h"
 
 #include <QAbstractListModel>
 #include <QVector>
@@ -44,7 +45,7 @@ public:
 
 Q_SIGNALS:
     void changed();
-    void notKept(const QString &sentence); ///< the settings could not be written
+    void notKept(const Sentence &problem); ///< the settings could not be written
 
 private:
     enum Role { Name = Qt::UserRole, Host, Port, User, Chosen };

@@ -38,12 +38,11 @@ QString DeviceEntry::complaint() const
         bool wrong;
         QString sentence;
     } rules[] = {
-        {host.isEmpty(), QStringLiteral("The address of the device is missing.")},
-        {!isHost(host),
-         QStringLiteral("\"%1\" is no address; a name or, for example, 192.168.1.20 is.").arg(host)},
-        {port < 1 || port > 65535, QStringLiteral("The port is a number from 1 to 65535.")},
-        {user.isEmpty(), QStringLiteral("The name of the user is missing.")},
-        {user.contains(QLatin1Char('|')), QStringLiteral("The name of the user cannot hold \"|\".")},
+        {host.isEmpty(), tr("The address of the device is missing.")},
+        {!isHost(host), tr("\"%1\" is no address; a name or, for example, 192.168.1.20 is.").arg(host)},
+        {port < 1 || port > 65535, tr("The port is a number from 1 to 65535.")},
+        {user.isEmpty(), tr("The name of the user is missing.")},
+        {user.contains(QLatin1Char('|')), tr("The name of the user cannot hold \"|\".")},
     };
     for (const auto &rule : rules) {
         if (rule.wrong)

@@ -3,12 +3,16 @@
 
 #pragma once
 
+#include <QCoreApplication>
 #include <QString>
 #include <QVariantMap>
 
 /// One device as a person has entered it. The password is not part of it: it is kept elsewhere.
 struct DeviceEntry
 {
+    Q_DECLARE_TR_FUNCTIONS(DeviceEntry)
+
+public:
     QString id; ///< made here, never shown; the key of the password in the desktop's secret store
     QString name;
     QString host; ///< name or address; an IPv6 address stands without its brackets

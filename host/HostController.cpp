@@ -4,24 +4,32 @@
 #include "HostController.h"
 
 #include "ClientPopups.h"
+#include "HostLog.h"
 
 HostController::HostController(Demo demo, std::unique_ptr<SecretStore> secrets, QObject *parent)
     : QObject(parent), m_demo(std::move(demo)), m_secrets(std::move(secrets))
 {
     connect(&m_devices, &DeviceBook::notKept, this, &HostController::setProblem);
-    connect(&m_lookup, &NameLookup::unknown, this, [this](const QString &host) {
-        setProblem(QStringLiteral("The network knows no \"%1\".").arg(host));
-    });
+    connect(&m_lookup, &NameLookup::unknown, this, &HostController::tellUnknownName);
     if (!m_secrets)
         return;
     connect(m_secrets.get(), &SecretStore::found, this, &HostController::takeSecret);
     connect(m_secrets.get(), &SecretStore::failed, this, &HostController::setProblem);
 }
 
-void HostController::setProblem(const QString &sentence)
+void HostController::setProblem(const Sentence &problem)
 {
-    m_problem = sentence;
+    m_problem = problem;
+    m_nameIsProblem = false;
     Q_EMIT problemChanged();
+}
+
+void HostController::tellUnknownName(const QString &host)
+{
+    const Sentence problem = [host] { return tr("The network knows no \"%1\".").arg(host); };
+    setProblem(problem);
+    m_nameIsProblem = true;
+    sayAtTerminal(problem());
 }
 
 void HostController::show(const QString &name, const DeviceAccess &access)
@@ -37,6 +45,7 @@ void HostController::setDevice(const QString &id, const QString &name, const Dev
     m_id = id;
     m_name = name;
     m_access = access;
+    m_lookup.ask(access.address.host);
     Q_EMIT deviceChanged();
 }
 
@@ -54,7 +63,7 @@ QString HostController::connectTo(const QVariantMap &typed)
     if (!wrong.isEmpty())
         return wrong;
     if (password.isEmpty())
-        return QStringLiteral("The password is missing.");
+        return tr("The password is missing.");
     setProblem({});
     int row = m_devices.find(device);
     if (row < 0) {
@@ -75,7 +84,7 @@ QString HostController::keep(int row, const QVariantMap &typed)
         return wrong;
     const int same = m_devices.find(device);
     if (same >= 0 && same != row)
-        return QStringLiteral("This device is in the list already.");
+        return tr("This device is in the list already.");
     setProblem({});
     row = m_devices.put(row, device);
     const QString id = m_devices.entry(row).id;
@@ -105,16 +114,17 @@ void HostController::choose(int row)
 void HostController::takeSecret(const QString &id, const QString &secret)
 {
     const int row = m_devices.rowOf(id);
-    if (id != m_awaited || row < 0 || secret.isEmpty())
+    if (row < 0 || secret.isEmpty())
         return;
-    m_passwords.insert(id, secret);
-    showRow(row, secret);
+    if (!m_passwords.contains(id)) // what was typed meanwhile is newer
+        m_passwords.insert(id, secret);
+    if (id == m_awaited)
+        showRow(row, m_passwords.value(id));
 }
 
 void HostController::showRow(int row, const QString &password, Password origin)
 {
     const DeviceEntry device = m_devices.entry(row);
-    m_lookup.ask(device.host);
     setDevice(device.id, device.name, {{device.host, quint16(device.port)}, device.user, password}, origin);
 }
 
@@ -136,9 +146,9 @@ QString HostController::showDemo()
     DeviceAccess access;
     QString error;
     if (!m_demo(&access, &error))
-        return error;
+        return tr("The demo does not start: %1").arg(error);
     setProblem({});
-    show(QStringLiteral("the demo"), access);
+    show({}, access);
     return {};
 }
 
@@ -146,6 +156,8 @@ void HostController::deviceAnswered()
 {
     m_trying = false;
     m_unproven.clear();
+    if (m_nameIsProblem)
+        setProblem({});
     if (!m_id.isEmpty() && m_passwords.value(m_id) != m_access.password)
         keepSecret(m_id, m_access.password);
 }

@@ -21,7 +21,8 @@ class QQuickItem;
  * password at hand, from a form, or the demo.
  *
  * Owned by main(), in the GUI thread; owns the device book and the secret store. Passwords are in memory for the
- * life of the process, and in the secret store once the device has answered.
+ * life of the process. One that was typed to connect goes to the secret store when the device has answered, one that
+ * was typed into a form of the settings at once.
  */
 class HostController final : public QObject
 {
@@ -33,6 +34,8 @@ class HostController final : public QObject
     Q_PROPERTY(QString deviceUser READ deviceUser NOTIFY deviceChanged)
     Q_PROPERTY(QString devicePassword READ devicePassword NOTIFY deviceChanged)
     Q_PROPERTY(bool trying READ isTrying NOTIFY deviceChanged)
+    Q_PROPERTY(bool demo READ isDemo NOTIFY deviceChanged)
+    Q_PROPERTY(bool remembered READ isRemembered NOTIFY deviceChanged)
     Q_PROPERTY(QString problem READ problem NOTIFY problemChanged)
     Q_PROPERTY(bool keepsPasswords READ keepsPasswords CONSTANT)
 
@@ -45,7 +48,7 @@ public:
 
     DeviceBook *devices() { return &m_devices; }
 
-    // The device that the client is to show; all empty without one.
+    // The device that the client is to show; all empty without one. The demo has no name.
     QString deviceName() const { return m_name; }
     QString deviceHost() const { return m_access.address.host; }
     int devicePort() const { return m_access.address.port; }
@@ -53,10 +56,15 @@ public:
     QString devicePassword() const { return m_access.password; }
     /// Whether its password was typed in just now; until the device answers, or another one is chosen.
     bool isTrying() const { return m_trying; }
+    /// The simulated house.
+    bool isDemo() const { return m_name.isEmpty() && !deviceHost().isEmpty(); }
+    bool isRemembered() const { return !m_id.isEmpty(); } ///< it is the chosen one of the device book
 
-    /// One sentence on what went wrong last, empty since the last choice of a device.
-    QString problem() const { return m_problem; }
-    void setProblem(const QString &sentence);
+    /// One sentence on what went wrong last, empty since the last choice of a device. That the network does not know
+    /// the device's name is forgotten when the device answers.
+    QString problem() const { return m_problem ? m_problem() : QString(); }
+    void setProblem(const Sentence &problem);
+    Q_INVOKABLE void dismissProblem() { setProblem({}); }
     bool keepsPasswords() const { return m_secrets != nullptr; } ///< beyond this run
 
     /// Shows a device that is not to be remembered.
@@ -67,12 +75,15 @@ public:
     /// Shows what stands in a form: name, host, port, user and password, all texts. It goes into the device book in
     /// place of the same device or of the chosen one. Returns one sentence, and does nothing, when something is wrong.
     Q_INVOKABLE QString connectTo(const QVariantMap &typed);
-    /// Puts a form into a row of the book, or behind its end with -1; an empty password leaves the known one. Returns
-    /// one sentence, and does nothing, when something is wrong.
+    /// Puts a form into a row of the book, or behind its end with -1. A password goes to the secret store at once; an
+    /// empty one leaves the known one, for the new address too. The device that is shown, or waits for its password,
+    /// is chosen anew. Returns one sentence, and does nothing, when something is wrong.
     Q_INVOKABLE QString keep(int row, const QVariantMap &typed);
     /// Chooses a device of the book and shows it if its password is at hand. If not, there is no device, until the
     /// store has the password or a person types it.
     Q_INVOKABLE void choose(int row);
+    /// A person types into the first page: an answer of the store that is still to come does not take it away.
+    Q_INVOKABLE void typing() { m_awaited.clear(); }
     Q_INVOKABLE void forget(int row);
     /// Returns one sentence when the demo does not start.
     Q_INVOKABLE QString showDemo();
@@ -87,6 +98,7 @@ Q_SIGNALS:
     void problemChanged();
 
 private:
+    void tellUnknownName(const QString &host);
     void takeSecret(const QString &id, const QString &secret);
     enum class Password { Known, Typed };
     void showRow(int row, const QString &password, Password origin = Password::Known);
@@ -105,5 +117,6 @@ private:
     QString m_name;
     DeviceAccess m_access;
     bool m_trying = false;
-    QString m_problem;
+    Sentence m_problem;
+    bool m_nameIsProblem = false; // whether that is about the device's name
 };

@@ -5,6 +5,11 @@
 
 Q_LOGGING_CATEGORY(lcHost, "halvora.host", QtWarningMsg)
 
+void sayAtTerminal(const QString &sentence)
+{
+    qCWarning(lcHost).noquote() << sentence;
+}
+
 void hideScreenNotes()
 {
     QLoggingCategory::setFilterRules(QStringLiteral("qml.debug=false"));

@@ -3,7 +3,7 @@
 
 #include "HostOptions.h"
 
-#include "HostSettings.h"
+#include "HostLanguages.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -28,28 +28,28 @@ constexpr QSize smallest(340, 520); // the window's own minimum
 
 void describe(QCommandLineParser &parser)
 {
-    parser.setApplicationDescription(QStringLiteral(
+    parser.setApplicationDescription(HostOptions::tr(
         "Desktop host of the Halvora client: rooms, sources and music of one device. Without --demo or\n"
         "--device it shows the device that was chosen last, or asks for one.\n\n"
         "The password of --device is read from --password-file, else from the environment variable\n"
         "HALVORA_PASSWORD, else from a prompt on the terminal."));
     const QString address = QStringLiteral("HOST:PORT");
     parser.addOptions({
-        {{QStringLiteral("h"), help}, QStringLiteral("Show this help.")},
-        {{QStringLiteral("v"), version}, QStringLiteral("Show the version.")},
-        {demo, QStringLiteral("Show a simulated house; nothing else is needed.")},
-        {device, QStringLiteral("Connect to the device at this address."), address},
-        {user, QStringLiteral("User name at the device."), QStringLiteral("NAME")},
-        {passwordFile, QStringLiteral("File whose first line is the password."), QStringLiteral("FILE")},
-        {mopidy, QStringLiteral("With --demo: offer this Mopidy server as a source."), address},
-        {language, QStringLiteral("en, de or it; the one of the settings by default, else the system's."),
+        {{QStringLiteral("h"), help}, HostOptions::tr("Show this help.")},
+        {{QStringLiteral("v"), version}, HostOptions::tr("Show the version.")},
+        {demo, HostOptions::tr("Show a simulated house; nothing else is needed.")},
+        {device, HostOptions::tr("Connect to the device at this address."), address},
+        {user, HostOptions::tr("User name at the device."), QStringLiteral("NAME")},
+        {passwordFile, HostOptions::tr("File whose first line is the password."), QStringLiteral("FILE")},
+        {mopidy, HostOptions::tr("With --demo: offer this Mopidy server as a source."), address},
+        {language, HostOptions::tr("en, de or it; the one of the settings by default, else the system's."),
          QStringLiteral("CODE")},
-        {smallScreen, QStringLiteral("Lay dialogs out for a small screen.")},
-        {fullScreen, QStringLiteral("Take the whole screen; F11 gives it back.")},
-        {size, QStringLiteral("Size of the window in pixels, for example 360x640."),
+        {smallScreen, HostOptions::tr("Lay dialogs out for a small screen.")},
+        {fullScreen, HostOptions::tr("Take the whole screen; F11 gives it back.")},
+        {size, HostOptions::tr("Size of the window in pixels, for example 360x640."),
          QStringLiteral("WIDTHxHEIGHT")},
         {tour,
-         QStringLiteral(
+         HostOptions::tr(
              "Walk through the screens, write a picture of each to this folder and end; a warning on\n"
              "the way is a failure. Outside of the plain --demo: the first four screens."),
          QStringLiteral("DIR")},
@@ -70,34 +70,35 @@ QString complaint(const QCommandLineParser &parser)
 {
     const bool toDevice = parser.isSet(device);
     const QStringList rest = parser.positionalArguments();
-    const QString endpoint = QStringLiteral("--%1 needs HOST:PORT, for example %2, not \"%3\".");
+    const QString endpoint = HostOptions::tr("--%1 needs HOST:PORT, for example %2, not \"%3\".");
     const struct
     {
         bool wrong;
         QString sentence;
     } rules[] = {
-        {!rest.isEmpty(), QStringLiteral("The argument \"%1\" is not known.").arg(rest.value(0))},
+        {!rest.isEmpty(), HostOptions::tr("The argument \"%1\" is not known.").arg(rest.value(0))},
         {parser.isSet(mopidy) && !parser.isSet(demo),
-         QStringLiteral("--mopidy can only be used with --demo.")},
-        {toDevice && parser.isSet(demo), QStringLiteral("Use either --demo or --device, not both.")},
+         HostOptions::tr("--mopidy can only be used with --demo.")},
+        {toDevice && parser.isSet(demo), HostOptions::tr("Use either --demo or --device, not both.")},
         {!toDevice && (parser.isSet(user) || parser.isSet(passwordFile)),
-         QStringLiteral("--user and --password-file can only be used with --device.")},
+         HostOptions::tr("--user and --password-file can only be used with --device.")},
         {toDevice && !Endpoint::parse(parser.value(device)),
          endpoint.arg(device, QStringLiteral("192.168.1.20:5000"), parser.value(device))},
-        {toDevice && parser.value(user).isEmpty(), QStringLiteral("--device needs --user NAME as well.")},
+        {toDevice && parser.value(user).isEmpty(), HostOptions::tr("--device needs --user NAME as well.")},
+        {parser.value(user).contains(QLatin1Char('|')), HostOptions::tr("--user cannot hold \"|\".")},
         {parser.isSet(mopidy) && !Endpoint::parse(parser.value(mopidy)),
          endpoint.arg(mopidy, QStringLiteral("127.0.0.1:6680"), parser.value(mopidy))},
         {parser.isSet(language) && !hostLanguages().contains(parser.value(language)),
-         QStringLiteral("--language knows en, de and it, not \"%1\".").arg(parser.value(language))},
+         HostOptions::tr("--language knows en, de and it, not \"%1\".").arg(parser.value(language))},
         {parser.isSet(size) && !toSize(parser.value(size)).isValid(),
-         QStringLiteral("--size needs WIDTHxHEIGHT from %1x%2 on, for example 360x640, not \"%3\".")
+         HostOptions::tr("--size needs WIDTHxHEIGHT from %1x%2 on, for example 360x640, not \"%3\".")
              .arg(smallest.width())
              .arg(smallest.height())
              .arg(parser.value(size))},
         {parser.isSet(tour) && parser.value(tour).isEmpty(),
-         QStringLiteral("--tour needs the name of a folder.")},
+         HostOptions::tr("--tour needs the name of a folder.")},
         {parser.isSet(tour) && !toDevice && !parser.isSet(demo),
-         QStringLiteral("--tour can only be used with --demo or --device.")},
+         HostOptions::tr("--tour can only be used with --demo or --device.")},
     };
     for (const auto &rule : rules) {
         if (rule.wrong)

@@ -5,6 +5,7 @@
 
 #include "Endpoint.h"
 
+#include <QCoreApplication>
 #include <QSize>
 #include <QStringList>
 
@@ -14,6 +15,9 @@
 /// command line can be read by everybody on the machine.
 struct HostOptions
 {
+    Q_DECLARE_TR_FUNCTIONS(HostOptions)
+
+public:
     /// What is to happen: go on, or print `text` and end with status 0 (Tell) or 2 (Refuse).
     enum class Next { Run, Tell, Refuse };
 

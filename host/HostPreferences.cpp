@@ -3,6 +3,7 @@
 
 #include "HostPreferences.h"
 
+#include "HostLanguages.h"
 #include "HostLog.h"
 #include "HostSettings.h"
 
@@ -15,14 +16,12 @@ const QString fullScreenKey = QStringLiteral("fullScreen");
 
 } // namespace
 
-HostPreferences::HostPreferences(QObject *parent) : QObject(parent), m_language(systemLanguage())
+HostPreferences::HostPreferences(QObject *parent) : QObject(parent), m_language(chosenLanguage())
 {
     const QSettings settings;
     const QString kept = settings.value(languageKey).toString();
-    if (hostLanguages().contains(kept))
-        m_language = kept;
-    else if (!kept.isEmpty())
-        qCWarning(lcHost) << "the settings name a language that is not known:" << kept;
+    if (!kept.isEmpty() && kept != m_language)
+        sayAtTerminal(tr("The settings name a language that is not known: \"%1\".").arg(kept));
     m_fullScreen = settings.value(fullScreenKey).toBool();
 }
 
@@ -63,7 +62,7 @@ void HostPreferences::keep(const QString &key, const QVariant &value)
 {
     QSettings settings;
     settings.setValue(key, value);
-    const QString problem = writeOut(settings);
-    if (!problem.isEmpty())
+    const Sentence problem = writeOut(settings);
+    if (problem)
         Q_EMIT notKept(problem);
 }

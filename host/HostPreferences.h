@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "Sentence.h"
+
 #include <QObject>
 #include <QString>
 #include <QVariantList>
@@ -19,10 +21,11 @@ class HostPreferences final : public QObject
     Q_PROPERTY(bool fullScreen READ isFullScreen WRITE setFullScreen NOTIFY fullScreenChanged)
 
 public:
-    /// From the settings; without a language there, or with one that is not known, the system's.
+    /// From the settings; without a language there, the system's. One that is not known is complained of on the
+    /// terminal, and English stands in for it.
     explicit HostPreferences(QObject *parent = nullptr);
 
-    /// "en", "de" or "it": the words of what comes as data. Any other changes nothing.
+    /// "en", "de" or "it": what the host and the client speak. Any other changes nothing.
     QString language() const { return m_language; }
     void setLanguage(const QString &language);
     /// All of them, each a map of "code" and "name".
@@ -39,7 +42,7 @@ public:
 Q_SIGNALS:
     void languageChanged();
     void fullScreenChanged();
-    void notKept(const QString &sentence);
+    void notKept(const Sentence &problem);
 
 private:
     void keep(const QString &key, const QVariant &value);

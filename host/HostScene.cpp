@@ -4,12 +4,14 @@
 #include "HostScene.h"
 
 #include "HostController.h"
+#include "HostLog.h"
 #include "HostPreferences.h"
 #include "PluginGate.h"
 #include "QmlModules.h"
 
 #include <QQmlContext>
 #include <QQuickWindow>
+#include <QTimer>
 
 HostScene::HostScene(const PluginGate &gate, HostController *controller, HostPreferences *preferences)
     : m_controller(controller), m_preferences(preferences)
@@ -18,6 +20,7 @@ HostScene::HostScene(const PluginGate &gate, HostController *controller, HostPre
     static const int theme = qmlRegisterSingletonType(QUrl(QStringLiteral("qrc:/host/HostTheme.qml")),
                                                       "halvora.host", 1, 0, "HostTheme");
     Q_UNUSED(theme)
+    QObject::connect(preferences, &HostPreferences::languageChanged, &m_engine, &QQmlEngine::retranslate);
     QObject::connect(preferences, &HostPreferences::notKept, controller, &HostController::setProblem);
 }
 
@@ -35,14 +38,24 @@ bool HostScene::show(bool smallScreen, const QSize &size, WindowPlace::Memory pl
     });
     m_engine.load(QUrl(QStringLiteral("qrc:/host/Main.qml")));
     if (!window()) {
-        m_error = QStringLiteral("The host's window cannot be made.");
+        m_error = tr("The host's window cannot be made.");
         return false;
     }
+    QObject::connect(window(), &QQuickWindow::sceneGraphError, window(),
+                     [this](QQuickWindow::SceneGraphError, const QString &reason) { fail(reason); });
     m_place = std::make_unique<WindowPlace>(window(), size, place);
     m_place->show(m_preferences->isFullScreen());
     QObject::connect(m_preferences, &HostPreferences::fullScreenChanged, window(),
                      [this] { m_place->show(m_preferences->isFullScreen()); });
     return true;
+}
+
+// Without a listener Qt would abort. There may be no event loop yet to be left.
+void HostScene::fail(const QString &reason)
+{
+    qCDebug(lcHost) << reason;
+    m_error = tr("The window cannot be drawn, as there is no working OpenGL.");
+    QTimer::singleShot(0, QCoreApplication::instance(), [] { QCoreApplication::exit(1); });
 }
 
 QQuickWindow *HostScene::window() const

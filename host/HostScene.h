@@ -5,6 +5,7 @@
 
 #include "WindowPlace.h"
 
+#include <QCoreApplication>
 #include <QQmlApplicationEngine>
 #include <QSize>
 #include <QString>
@@ -23,6 +24,8 @@ class QQuickWindow;
  */
 class HostScene final
 {
+    Q_DECLARE_TR_FUNCTIONS(HostScene)
+
 public:
     /// Registers the library's types in the engine. `gate` must be loaded; the other two outlive this object.
     HostScene(const PluginGate &gate, HostController *controller, HostPreferences *preferences);
@@ -30,7 +33,8 @@ public:
     Q_DISABLE_COPY(HostScene)
 
     /// Shows the window, and in it what the controller says. A valid size is the window's, whatever size is remembered.
-    /// False when the scene does not load: error() is then one sentence.
+    /// False when the scene does not load: error() is then one sentence. So it is when the window turns out later to
+    /// be one that cannot be drawn; the event loop then ends with status 1.
     bool show(bool smallScreen, const QSize &size = {},
               WindowPlace::Memory place = WindowPlace::Memory::Unused);
     QString error() const { return m_error; }
@@ -38,6 +42,8 @@ public:
     QQuickWindow *window() const; ///< owned by the engine; null before show()
 
 private:
+    void fail(const QString &reason);
+
     HostController *m_controller;
     HostPreferences *m_preferences;
     QQmlApplicationEngine m_engine;

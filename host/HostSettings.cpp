@@ -9,10 +9,7 @@
 #include <QFile>
 #include <QFont>
 #include <QFontDatabase>
-#include <QLocale>
-#include <QPointer>
 #include <QSettings>
-#include <QTranslator>
 #include <QUuid>
 
 void nameApplication()
@@ -31,20 +28,29 @@ void setDamagedSettingsAside()
         return;
     const QString aside = settings.fileName() + QStringLiteral(".damaged");
     QFile::remove(aside);
-    QFile::rename(settings.fileName(), aside);
-    qCWarning(lcHost) << "the settings are damaged; new ones are begun, the old ones are in" << aside;
+    const QString text = QFile::rename(settings.fileName(), aside)
+        ? QCoreApplication::translate(
+              "HostSettings", "The settings are damaged; new ones are begun, the old ones are in \"%1\".")
+              .arg(aside)
+        : QCoreApplication::translate("HostSettings",
+                                      "The settings are damaged and cannot be put aside as \"%1\".")
+              .arg(aside);
+    sayAtTerminal(text);
 }
 
-QString writeOut(QSettings &settings)
+Sentence writeOut(QSettings &settings)
 {
     static bool told = false;
     settings.sync();
     if (settings.status() == QSettings::NoError)
         return {};
+    const Sentence problem = [file = settings.fileName()] {
+        return QCoreApplication::translate("HostSettings", "The settings cannot be written: %1.").arg(file);
+    };
     if (!told)
-        qCWarning(lcHost) << "the settings cannot be written:" << settings.fileName();
+        sayAtTerminal(problem());
     told = true;
-    return QStringLiteral("The settings cannot be written: %1.").arg(settings.fileName());
+    return problem;
 }
 
 QString ensureUniqueId()
@@ -69,26 +75,4 @@ void substituteFonts()
             standIns += QLatin1String(family);
     }
     QFont::insertSubstitutions(QStringLiteral("Arial Unicode MS"), standIns);
-}
-
-QStringList hostLanguages()
-{
-    return {QStringLiteral("en"), QStringLiteral("de"), QStringLiteral("it")};
-}
-
-QString systemLanguage()
-{
-    const QString code = QLocale::system().name().left(2);
-    return hostLanguages().contains(code) ? code : hostLanguages().first();
-}
-
-bool installLanguage(const QString &language)
-{
-    static QPointer<QTranslator> installed; // the application's
-    delete installed;
-    if (language == QLatin1String("en"))
-        return true;
-    installed = new QTranslator(QCoreApplication::instance());
-    return installed->load(QStringLiteral(":/Translations/Halvora_%1.qm").arg(language))
-        && QCoreApplication::installTranslator(installed);
 }

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <QStringList>
+#include "Sentence.h"
 
 class QSettings;
 
@@ -11,11 +11,11 @@ class QSettings;
 void nameApplication();
 
 /// Puts a damaged settings file aside, under its name with ".damaged" behind, so that a new one can be begun and
-/// nothing of it is lost; says so on the terminal.
+/// nothing of it is lost. Says on the terminal that it did, or could not.
 void setDamagedSettingsAside();
 
 /// Writes out what has been set. One sentence when that fails, which is also said on the terminal, once.
-QString writeOut(QSettings &settings);
+Sentence writeOut(QSettings &settings);
 
 /// Makes sure that the settings have a "uniqueID", the name of this installation at the device: made at the first
 /// start, kept from then on. Returns it.
@@ -24,12 +24,3 @@ QString ensureUniqueId();
 /// Stands in for the font family of the screens, which few systems have, with the fonts that are there.
 /// Needs a QGuiApplication.
 void substituteFonts();
-
-/// The languages that the client knows: "en", "de" and "it".
-QStringList hostLanguages();
-/// The one of them that the system speaks, else English.
-QString systemLanguage();
-
-/// Installs the client library's catalogue of that language in the application; "en" needs none. The library must
-/// be loaded. The one before is taken out. False when there is no such catalogue.
-bool installLanguage(const QString &language);

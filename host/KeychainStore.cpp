@@ -5,8 +5,12 @@
 
 #include <qt5keychain/keychain.h>
 
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QDir>
 #include <QFileInfo>
+
+#include <algorithm>
 
 namespace {
 
@@ -21,12 +25,32 @@ bool hasSessionBus()
     return !folder.isEmpty() && QFileInfo::exists(QDir(folder).filePath(QStringLiteral("bus")));
 }
 
-QString complaint(const char *what, const QKeychain::Job *job)
+/// Whether somebody on the bus keeps secrets, or would be started to.
+bool hasStore(const QDBusConnection &bus)
+{
+    if (!bus.isConnected())
+        return false;
+    const QStringList there = bus.interface()->registeredServiceNames().value()
+        + bus.interface()->activatableServiceNames().value();
+    const auto stores = {"org.freedesktop.secrets", "org.kde.kwalletd5", "org.kde.kwalletd"};
+    return std::any_of(stores.begin(), stores.end(),
+                       [&there](const char *name) { return there.contains(QLatin1String(name)); });
+}
+
+bool sessionHasStore()
+{
+    const QString connection = QStringLiteral("halvora-host secrets");
+    const bool found = hasStore(QDBusConnection::connectToBus(QDBusConnection::SessionBus, connection));
+    QDBusConnection::disconnectFromBus(connection);
+    return found;
+}
+
+QString reasonOf(const QKeychain::Job *job)
 {
     QString reason = job->errorString();
     while (reason.endsWith(QLatin1Char('.')))
         reason.chop(1);
-    return QStringLiteral("The password could not be %1: %2.").arg(QLatin1String(what), reason);
+    return reason;
 }
 
 bool isFine(const QKeychain::Job *job)
@@ -38,7 +62,7 @@ bool isFine(const QKeychain::Job *job)
 
 std::unique_ptr<SecretStore> KeychainStore::ofSession()
 {
-    return hasSessionBus() ? std::make_unique<KeychainStore>() : nullptr;
+    return hasSessionBus() && sessionHasStore() ? std::make_unique<KeychainStore>() : nullptr;
 }
 
 void KeychainStore::read(const QString &id)
@@ -47,7 +71,8 @@ void KeychainStore::read(const QString &id)
     job->setKey(id);
     connect(job, &QKeychain::Job::finished, this, [this, job, id] {
         if (!isFine(job))
-            Q_EMIT failed(complaint("read", job));
+            Q_EMIT failed(
+                [reason = reasonOf(job)] { return tr("The password could not be read: %1.").arg(reason); });
         Q_EMIT found(id, job->error() == QKeychain::NoError ? job->textData() : QString());
     });
     job->start();
@@ -60,7 +85,8 @@ void KeychainStore::write(const QString &id, const QString &secret)
     job->setTextData(secret);
     connect(job, &QKeychain::Job::finished, this, [this, job] {
         if (!isFine(job))
-            Q_EMIT failed(complaint("kept", job));
+            Q_EMIT failed(
+                [reason = reasonOf(job)] { return tr("The password could not be kept: %1.").arg(reason); });
     });
     job->start();
 }
@@ -71,7 +97,9 @@ void KeychainStore::forget(const QString &id)
     job->setKey(id);
     connect(job, &QKeychain::Job::finished, this, [this, job] {
         if (!isFine(job))
-            Q_EMIT failed(complaint("forgotten", job));
+            Q_EMIT failed([reason = reasonOf(job)] {
+                return tr("The password could not be forgotten: %1.").arg(reason);
+            });
     });
     job->start();
 }

@@ -16,7 +16,8 @@ class KeychainStore final : public SecretStore
 public:
     using SecretStore::SecretStore;
 
-    /// The store of this session, or null where there is no session bus to reach one by.
+    /// The store of this session, or null where there is no session bus, or nobody on it that keeps secrets. Asks the
+    /// bus, and waits for its answer.
     static std::unique_ptr<SecretStore> ofSession();
 
     void read(const QString &id) override;

@@ -21,7 +21,7 @@ void NameLookup::drop()
 void NameLookup::ask(const QString &host)
 {
     drop();
-    if (!QHostAddress(host).isNull())
+    if (host.isEmpty() || !QHostAddress(host).isNull())
         return;
     m_pending = QHostInfo::lookupHost(host, this, [this, host](const QHostInfo &info) {
         if (info.lookupId() == m_pending && info.addresses().isEmpty())

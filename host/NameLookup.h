@@ -15,7 +15,7 @@ public:
     using QObject::QObject;
     ~NameLookup() override;
 
-    /// Looks a name up; an address needs none. An earlier question is dropped.
+    /// Looks a name up; an address needs none, nor does an empty text. An earlier question is dropped.
     void ask(const QString &host);
 
 Q_SIGNALS:

@@ -3,6 +3,7 @@
 
 #include "Password.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include <cerrno>
@@ -12,6 +13,11 @@
 #include <unistd.h>
 
 namespace {
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(Password)
+};
 
 constexpr char variable[] = "HALVORA_PASSWORD";
 constexpr qint64 longestLine = 4096;
@@ -29,7 +35,7 @@ std::optional<QString> fromFile(const QString &name, QString *error)
     QFile file(name);
     if (file.open(QIODevice::ReadOnly))
         return withoutLineEnd(file.readLine(longestLine));
-    *error = QStringLiteral("The password file \"%1\" cannot be read: %2.").arg(name, file.errorString());
+    *error = Text::tr("The password file \"%1\" cannot be read: %2.").arg(name, file.errorString());
     return std::nullopt;
 }
 
@@ -65,7 +71,7 @@ private:
 
 std::optional<QString> fromTerminal(const QString &user, QString *error)
 {
-    const QByteArray prompt = QStringLiteral("Password for %1: ").arg(user).toLocal8Bit();
+    const QByteArray prompt = Text::tr("Password for %1: ").arg(user).toLocal8Bit();
     char line[longestLine];
     ssize_t length = -1;
     {
@@ -75,7 +81,7 @@ std::optional<QString> fromTerminal(const QString &user, QString *error)
     }
     if (length > 0)
         return withoutLineEnd(QByteArray(line, int(length)));
-    *error = QStringLiteral("No password was given.");
+    *error = Text::tr("No password was given.");
     return std::nullopt;
 }
 
@@ -89,7 +95,7 @@ static std::optional<QString> anyPassword(const QString &file, const QString &us
         return qEnvironmentVariable(variable);
     if (isatty(STDIN_FILENO))
         return fromTerminal(user, error);
-    *error = QStringLiteral(
+    *error = Text::tr(
         "--device needs a password: give --password-file FILE, set HALVORA_PASSWORD, or start it "
         "on a terminal.");
     return std::nullopt;
@@ -101,6 +107,6 @@ std::optional<QString> readPassword(const QString &file, const QString &user, QS
     const std::optional<QString> password = anyPassword(file, user, error);
     if (!password || !password->isEmpty())
         return password;
-    *error = QStringLiteral("The password is empty.");
+    *error = Text::tr("The password is empty.");
     return std::nullopt;
 }

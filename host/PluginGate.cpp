@@ -40,8 +40,7 @@ bool PluginGate::load()
             return take(path);
         tried += path;
     }
-    m_error = QStringLiteral("The client library was not found; tried %1.")
-                  .arg(tried.join(QStringLiteral(", ")));
+    m_error = tr("The client library was not found; tried %1.").arg(tried.join(QStringLiteral(", ")));
     return false;
 }
 
@@ -53,9 +52,8 @@ bool PluginGate::take(const QString &path)
         qCDebug(lcHost) << "client library" << path;
         return true;
     }
-    const QString why = m_loader.isLoaded() ? QStringLiteral("it is no QML extension")
-                                            : m_loader.errorString();
-    m_error = QStringLiteral("The client library %1 cannot be used: %2.").arg(path, why);
+    const QString why = m_loader.isLoaded() ? tr("it is no QML extension") : m_loader.errorString();
+    m_error = tr("The client library %1 cannot be used: %2.").arg(path, why);
     return false;
 }
 

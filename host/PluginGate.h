@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QCoreApplication>
 #include <QPluginLoader>
 #include <QString>
 #include <QStringList>
@@ -18,6 +19,8 @@ class QQmlExtensionInterface;
  */
 class PluginGate final
 {
+    Q_DECLARE_TR_FUNCTIONS(PluginGate)
+
 public:
     /// The folders that are searched, in order: the one that HALVORA_PLUGIN_DIR names and no other; without it
     /// the program's own, ../lib and ../src from there, and the folder of the module among Qt's QML modules.

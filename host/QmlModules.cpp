@@ -3,6 +3,7 @@
 
 #include "QmlModules.h"
 
+#include <QCoreApplication>
 #include <QQmlComponent>
 #include <QStringList>
 #include <QUrl>
@@ -39,12 +40,12 @@ QString missingModules(QQmlEngine *engine)
     QStringList missing;
     for (const Module &module : modules) {
         if (!canImport(engine, module)) {
-            missing += QStringLiteral("%1 (Debian package %2)")
+            missing += QCoreApplication::translate("QmlModules", "%1 (Debian package %2)")
                            .arg(QLatin1String(module.import), QLatin1String(module.package));
         }
     }
     if (missing.isEmpty())
         return {};
-    return QStringLiteral("These QML modules are missing or do not load: %1.")
+    return QCoreApplication::translate("QmlModules", "These QML modules are missing or do not load: %1.")
         .arg(missing.join(QStringLiteral(", ")));
 }

@@ -32,7 +32,7 @@ void ScreenshotTour::start()
     if (m_folder.mkpath(QStringLiteral(".")))
         m_timer.start();
     else
-        end(QStringLiteral("The folder \"%1\" cannot be made.").arg(m_folder.path()));
+        end(tr("The folder \"%1\" cannot be made.").arg(m_folder.path()));
 }
 
 void ScreenshotTour::look()
@@ -46,7 +46,7 @@ void ScreenshotTour::look()
             return photograph(stop, picture);
     }
     if (++m_looks == mostLooks)
-        end(QStringLiteral("The screen \"%1\" did not come.").arg(stop.name));
+        end(tr("The screen \"%1\" did not come.").arg(stop.name));
 }
 
 bool ScreenshotTour::isAtRest(const QImage &picture)
@@ -76,7 +76,7 @@ void ScreenshotTour::photograph(const TourStop &stop, const QImage &picture)
 {
     const QString file = m_folder.filePath(stop.name + QStringLiteral(".png"));
     if (!picture.save(file))
-        return end(QStringLiteral("The picture \"%1\" cannot be written.").arg(file));
+        return end(tr("The picture \"%1\" cannot be written.").arg(file));
     m_step = 0;
     m_looks = 0;
     m_alike = 0;

@@ -3,8 +3,9 @@
 
 #pragma once
 
+#include "Sentence.h"
+
 #include <QObject>
-#include <QString>
 
 /// Where passwords outlive the process. Answers come later, in the GUI thread, or never when a person leaves the
 /// store's own dialog open. A secret goes nowhere but there: not to the settings, not to a log.
@@ -21,5 +22,5 @@ public:
 
 Q_SIGNALS:
     void found(const QString &id, const QString &secret); ///< empty when there is none to be had
-    void failed(const QString &sentence);                 ///< on a read, found() with nothing follows
+    void failed(const Sentence &problem);                 ///< on a read, found() with nothing follows
 };

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 
 #include "HostController.h"
+#include "HostLanguages.h"
 #include "HostLog.h"
 #include "HostOptions.h"
 #include "HostPreferences.h"
@@ -20,6 +21,7 @@
 #include <QGuiApplication>
 #include <QQuickWindow>
 
+#include <csignal>
 #include <cstdio>
 #include <memory>
 
@@ -36,11 +38,53 @@ int refuse(int status, const QString &sentence)
     return status;
 }
 
-/// The options are read before there is a display, so that --help needs none.
-HostOptions readOptions(int &argc, char **argv)
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(main)
+};
+
+/// What the person who started the program wants of it.
+struct Call
+{
+    HostOptions options;
+    DeviceAccess access;
+    std::optional<int> end; ///< the status, when all is done with that
+};
+
+/// The options are read before there is a display, so that --help needs none; and the password with them.
+Call readCall(int &argc, char **argv)
 {
     const QCoreApplication early(argc, argv);
-    return HostOptions::read(QCoreApplication::arguments());
+    speakAsHost(systemLanguage());
+    setDamagedSettingsAside(); // ahead of any other reader, as Qt complains of a file to the first alone
+    speakAsHost(chosenLanguage());
+    Call call{HostOptions::read(QCoreApplication::arguments()), {}, {}};
+    const HostOptions &options = call.options;
+    if (options.next == HostOptions::Next::Refuse)
+        call.end = refuse(BadCall, options.text);
+    if (options.next == HostOptions::Next::Tell)
+        call.end = std::fputs(qPrintable(options.text), stdout) < 0 ? Failed : Done;
+    if (call.end || !options.device)
+        return call;
+    QString error;
+    const auto password = readPassword(options.passwordFile, options.user, &error);
+    if (password)
+        call.access = {*options.device, options.user, *password};
+    else
+        call.end = refuse(BadCall, error);
+    return call;
+}
+
+/// Gives the handlers that are in place to the first signal alone: a second one ends the process at once, however busy
+/// the first keeps it.
+void letSecondSignalEnd()
+{
+    for (const int number : {SIGINT, SIGTERM}) {
+        struct sigaction action = {};
+        sigaction(number, nullptr, &action);
+        action.sa_flags |= int(SA_RESETHAND);
+        sigaction(number, &action, nullptr);
+    }
 }
 
 /// The whole tour is for the demo alone: nobody else's house has just these rooms and this music.
@@ -99,7 +143,7 @@ int show(const HostOptions &options, const DeviceAccess &access)
     HostPreferences preferences;
     const QString language = options.language.isEmpty() ? preferences.language() : options.language;
     if (!preferences.speak(language))
-        return refuse(Failed, QStringLiteral("The client library has no catalogue \"%1\".").arg(language));
+        return refuse(Failed, Text::tr("The client library has no catalogue \"%1\".").arg(language));
     if (options.fullScreen)
         preferences.fillScreen();
 
@@ -119,7 +163,8 @@ int show(const HostOptions &options, const DeviceAccess &access)
             scene.window(), options.tour, stopsFor(options, SceneVisitor(scene.window()), demo.device()));
         begin(tour.get());
     }
-    return QGuiApplication::exec();
+    const int status = QGuiApplication::exec();
+    return scene.error().isEmpty() ? status : refuse(Failed, scene.error());
 }
 
 /// The same, and a tour on which anything warned has failed.
@@ -131,7 +176,7 @@ int showAndJudge(const HostOptions &options, const DeviceAccess &access)
     const int warnings = WarningCount::soFar();
     if (status != Done || warnings == 0)
         return status;
-    return refuse(Failed, QStringLiteral("The tour gave warnings: %1.").arg(warnings));
+    return refuse(Failed, Text::tr("The tour gave warnings: %1.").arg(warnings));
 }
 
 } // namespace
@@ -140,27 +185,18 @@ int main(int argc, char **argv)
 {
     nameApplication();
     hideScreenNotes();
-    const HostOptions options = readOptions(argc, argv);
-    if (options.next == HostOptions::Next::Refuse)
-        return refuse(BadCall, options.text);
-    if (options.next == HostOptions::Next::Tell)
-        return std::fputs(qPrintable(options.text), stdout) < 0 ? Failed : Done;
-
-    DeviceAccess access;
-    if (options.device) {
-        QString error;
-        const auto password = readPassword(options.passwordFile, options.user, &error);
-        if (!password)
-            return refuse(BadCall, error);
-        access = {*options.device, options.user, *password};
-    }
+    const Call call = readCall(argc, argv);
+    if (call.end)
+        return *call.end;
 
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling); // the screens are laid out in fixed pixels
     const QGuiApplication application(argc, argv);
+    QGuiApplication::setDesktopFileName(QStringLiteral("halvora-host")); // whose icon a Wayland desktop shows
     const SignalWatcher signalWatcher;
     QObject::connect(&signalWatcher, &SignalWatcher::stopRequested, &application, &QCoreApplication::quit);
-    setDamagedSettingsAside();
+    letSecondSignalEnd();
+    speakAsHost(chosenLanguage());
     ensureUniqueId();
     substituteFonts();
-    return showAndJudge(options, access);
+    return showAndJudge(call.options, call.access);
 }

@@ -1,29 +1,31 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
-
 #include <QGuiApplication>
 #include <QPluginLoader>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
 #include <QQmlExtensionPlugin>
+#include <QSettings>
+#include <QUuid>
 
-// minimal-host LIBRARY HOST PORT USER, with the password in HALVORA_PASSWORD
 int main(int argc, char **argv)
 {
     QCoreApplication::setOrganizationName(QStringLiteral("Kestrum"));
     QCoreApplication::setApplicationName(QStringLiteral("minimal-host"));
     QGuiApplication application(argc, argv);
-    QStringList arguments = application.arguments().mid(1) << qEnvironmentVariable("HALVORA_PASSWORD");
-    QPluginLoader library(arguments.takeFirst());
+    QStringList access = application.arguments().mid(1) << qEnvironmentVariable("HALVORA_PASSWORD");
+    if (access.size() != 5)
+        return qCritical("usage: HALVORA_PASSWORD=... minimal-host LIBRARY HOST PORT USER"), 2;
+    QPluginLoader library(access.takeFirst());
     auto *client = qobject_cast<QQmlExtensionPlugin *>(library.instance());
-    if (!client || arguments.size() != 4) {
-        qCritical("%s", qPrintable(library.errorString()));
-        return 1;
-    }
+    if (!client)
+        return qCritical("no client library: %s", qPrintable(library.errorString())), 1;
+    if (QSettings settings; !settings.contains(QStringLiteral("uniqueID"))) // what the device knows us by
+        settings.setValue(QStringLiteral("uniqueID"), QUuid::createUuid().toString(QUuid::WithoutBraces));
     QQmlApplicationEngine engine;
     client->initializeEngine(&engine, "com.kestrum.halvoraint");
     engine.rootContext()->setContextProperty(QStringLiteral("smallScreen"), false);
-    engine.rootContext()->setContextProperty(QStringLiteral("access"), arguments);
+    engine.rootContext()->setContextProperty(QStringLiteral("access"), access);
     engine.load(QUrl(QStringLiteral("qrc:/Main.qml")));
     return engine.rootObjects().isEmpty() ? 1 : application.exec();
 }

@@ -11,7 +11,7 @@ MainTabController {
 
     property QtObject host
     property int windowVisibility
-    readonly property alias connection: connection.words
+    readonly property alias connection: connection.words // its state
 
     signal settingsRequested()
     signal answered()
@@ -26,7 +26,6 @@ MainTabController {
     }
 
     onFirstConnected: {
-        connection.answered = true;
         answered();
     }
 
@@ -65,11 +64,29 @@ MainTabController {
         screen: container.children.length > 0 ? container.children[0] : null
     }
 
+    MusicServers {
+        id: musicServers
+
+        objectName: "musicServers"
+        model: connection.model
+        watching: presence.foreground && connection.connected
+    }
+
+    // A device that is lost is back within a second, as a rule.
+    Timer {
+        id: hesitation
+
+        interval: 1500 // milliseconds
+        running: !connection.connected && !connection.covered
+    }
+
     Presence {
+        id: presence
+
         objectName: "presence"
         windowVisibility: root.windowVisibility
         onForegroundChanged: {
-            connection.answered = false;
+            connection.begin();
             if (foreground)
                 device.requestConnect();
             else
@@ -80,8 +97,19 @@ MainTabController {
     Item {
         id: container
 
-        anchors { left: parent.left; right: parent.right; top: parent.top; bottom: tabs.top }
+        anchors { left: parent.left; right: parent.right; top: parent.top; bottom: notice.top }
         clip: true
+    }
+
+    Notice {
+        id: notice
+
+        anchors { left: parent.left; right: parent.right; bottom: tabs.top }
+        height: implicitHeight
+        problem: root.host.problem
+        passing: connection.connected ? musicServers.words
+               : connection.covered || hesitation.running ? "" : connection.words
+        onDismissed: root.host.dismissProblem()
     }
 
     TabBar {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 
 import QtQuick 2.5
+import halvora.host 1.0
 
 // How to reach and enter a device. Bad input stays in the fields, with a complaint below.
 Column {
@@ -14,6 +15,7 @@ Column {
                                     password: password.text })
 
     signal submitted()
+    signal edited() // by a person
 
     function fill(fields) {
         name.text = fields.name;
@@ -38,9 +40,10 @@ Column {
         objectName: "name"
         width: parent.width
         visible: root.named
-        label: "Name"
-        hint: "as the address"
+        label: qsTr("Name")
+        hint: qsTr("as the address")
         onAccepted: root.submitted()
+        onEdited: root.edited()
     }
 
     Row {
@@ -52,9 +55,10 @@ Column {
 
             objectName: "host"
             width: parent.width - port.width - parent.spacing
-            label: "Address of the device"
+            label: qsTr("Address of the device")
             hint: "192.168.1.20"
             onAccepted: root.submitted()
+            onEdited: root.edited()
         }
 
         HostField {
@@ -62,10 +66,11 @@ Column {
 
             objectName: "port"
             width: 90
-            label: "Port"
+            label: qsTr("Port")
             hint: "5000"
             digitsOnly: true
             onAccepted: root.submitted()
+            onEdited: root.edited()
         }
     }
 
@@ -74,8 +79,9 @@ Column {
 
         objectName: "user"
         width: parent.width
-        label: "User"
+        label: qsTr("User")
         onAccepted: root.submitted()
+        onEdited: root.edited()
     }
 
     HostField {
@@ -83,10 +89,11 @@ Column {
 
         objectName: "password"
         width: parent.width
-        label: "Password"
+        label: qsTr("Password")
         hint: root.passwordHint
         secret: true
         onAccepted: root.submitted()
+        onEdited: root.edited()
     }
 
     HostLabel {
@@ -95,6 +102,6 @@ Column {
         objectName: "complaint"
         width: parent.width
         visible: text !== ""
-        color: "#F0A35E"
+        color: HostTheme.warning
     }
 }

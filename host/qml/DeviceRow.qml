@@ -26,14 +26,14 @@ Row {
     HostButton {
         id: change
 
-        text: "Change"
+        text: qsTr("Change")
         onClicked: root.changeRequested()
     }
 
     HostButton {
         id: forget
 
-        text: "Forget"
+        text: qsTr("Forget")
         onClicked: root.forgetRequested()
     }
 }

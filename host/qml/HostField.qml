@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
-import QtQuick 2.5
+import QtQuick 2.9
 import halvora.host 1.0
 
 // One line of text with its name above. Return in it submits the form.
@@ -15,6 +15,7 @@ Item {
     property bool digitsOnly: false
 
     signal accepted()
+    signal edited() // by a person
 
     function take() {
         input.forceActiveFocus();
@@ -68,6 +69,7 @@ Item {
             inputMethodHints: root.secret ? Qt.ImhSensitiveData | Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase
                               : root.digitsOnly ? Qt.ImhDigitsOnly : Qt.ImhNoPredictiveText | Qt.ImhNoAutoUppercase
             onAccepted: root.accepted()
+            onTextEdited: root.edited()
         }
     }
 }

@@ -14,6 +14,7 @@ QtObject {
     readonly property color highlight: published ? published.highlight : "#6E99C7"
     readonly property color icons: published ? published.icons : "#EEEEEE"
     readonly property color text: published ? published.text : "#A5ACAD"
+    readonly property color warning: "#F0A35E"
     readonly property string imgSuffix: published ? published.imgSuffix : "_0"
     readonly property string font: "Arial Unicode MS"
 }

@@ -61,6 +61,7 @@ Window {
     Connections {
         target: window.preferences
         function onLanguageChanged() {
+            start.forgetComplaint();
             window.remake();
         }
     }

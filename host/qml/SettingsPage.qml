@@ -49,7 +49,7 @@ HostPage {
 
     onVisibleChanged: if (visible) leaveForm()
 
-    title: "Settings"
+    title: qsTr("Settings")
 
     HostLabel {
         objectName: "settingsState"
@@ -62,7 +62,7 @@ HostPage {
         width: parent.width
         color: HostTheme.icons
         font.pixelSize: 18
-        text: root.edited === -2 ? "Devices" : root.edited === -1 ? "Another device" : "Change the device"
+        text: root.edited === -2 ? qsTr("Devices") : root.edited === -1 ? qsTr("Another device") : qsTr("Change the device")
     }
 
     Column {
@@ -76,7 +76,7 @@ HostPage {
             DeviceRow {
                 width: parent.width
                 text: model.name
-                chosen: model.chosen && root.host.deviceName === model.name // not while the demo is on show
+                chosen: model.chosen && root.host.remembered // not while the demo is on show
                 onSelected: root.show(index)
                 onChangeRequested: root.edit(index)
                 onForgetRequested: root.host.forget(index)
@@ -85,15 +85,15 @@ HostPage {
 
         HostButton {
             width: parent.width
-            text: "Add a device"
+            text: qsTr("Add a device")
             onClicked: root.edit(-1)
         }
 
         HostLabel {
             width: parent.width
             font.pixelSize: 14
-            text: root.host.keepsPasswords ? "Passwords are kept in the secret store of this desktop."
-                  : "This desktop has no secret store: passwords are asked for at each start."
+            text: root.host.keepsPasswords ? qsTr("Passwords are kept in the secret store of this desktop.")
+                  : qsTr("This desktop has no secret store: passwords are asked for at each start.")
         }
     }
 
@@ -107,7 +107,7 @@ HostPage {
 
             width: parent.width
             named: true
-            passwordHint: root.edited >= 0 ? "as it is" : ""
+            passwordHint: root.edited >= 0 ? qsTr("as it is") : ""
             onSubmitted: root.submit()
         }
 
@@ -117,14 +117,14 @@ HostPage {
 
             HostButton {
                 width: Math.floor((parent.width - parent.spacing) / 2)
-                text: "Keep"
+                text: qsTr("Keep")
                 accented: true
                 onClicked: root.submit()
             }
 
             HostButton {
                 width: Math.floor((parent.width - parent.spacing) / 2)
-                text: "Cancel"
+                text: qsTr("Cancel")
                 onClicked: root.leaveForm()
             }
         }
@@ -134,7 +134,7 @@ HostPage {
         width: parent.width
         color: HostTheme.icons
         font.pixelSize: 18
-        text: "Language of services and menus"
+        text: qsTr("Language")
         visible: root.edited === -2
     }
 
@@ -158,7 +158,8 @@ HostPage {
     HostButton {
         width: parent.width
         visible: root.edited === -2
-        text: root.preferences.fullScreen ? "Leave the full screen (F11)" : "Take the whole screen (F11)"
+        text: root.preferences.fullScreen ? qsTr("Leave the full screen (F11)")
+                                           : qsTr("Take the whole screen (F11)")
         onClicked: root.preferences.fullScreen = !root.preferences.fullScreen
     }
 
@@ -167,7 +168,7 @@ HostPage {
 
         width: parent.width
         visible: root.edited === -2
-        text: "Back"
+        text: qsTr("Back")
         accented: true
         onClicked: root.left()
     }
@@ -176,7 +177,7 @@ HostPage {
         objectName: "settingsProblem"
         width: parent.width
         visible: text !== ""
-        color: "#F0A35E"
+        color: HostTheme.warning
         text: root.host.problem
     }
 }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 
 import QtQuick 2.5
+import halvora.host 1.0
 
 // Asks for the device to show, or for the password of the one that was chosen last.
 HostPage {
@@ -23,13 +24,18 @@ HostPage {
         form.complaint = host.connectTo(form.typed);
     }
 
+    // What was complained of in another language.
+    function forgetComplaint() {
+        form.complaint = "";
+    }
+
     onVisibleChanged: if (visible) form.take()
 
     title: "Halvora"
 
     HostLabel {
         width: parent.width
-        text: "Which device is it? Whoever set it up knows its address, port and user."
+        text: qsTr("Which device is it? Whoever set it up knows its address, port and user.")
     }
 
     DeviceForm {
@@ -37,24 +43,25 @@ HostPage {
 
         width: parent.width
         onSubmitted: root.submit()
+        onEdited: root.host.typing()
     }
 
     HostButton {
         width: parent.width
-        text: "Connect"
+        text: qsTr("Connect")
         accented: true
         onClicked: root.submit()
     }
 
     HostButton {
         width: parent.width
-        text: "Try the demo"
+        text: qsTr("Try the demo")
         onClicked: form.complaint = root.host.showDemo()
     }
 
     HostButton {
         width: parent.width
-        text: "Settings"
+        text: qsTr("Settings")
         onClicked: root.settingsRequested()
     }
 
@@ -69,7 +76,7 @@ HostPage {
         objectName: "startProblem"
         width: parent.width
         visible: text !== ""
-        color: "#F0A35E"
+        color: HostTheme.warning
         text: root.host.problem
     }
 }

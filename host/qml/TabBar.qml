@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
-import QtQuick 2.0
+import QtQuick 2.5
 import halvora.host 1.0
 
 // The client's menu: the outputs are tab 0, the player is tab 1. No tab is current at first. At its end, the way to the
@@ -20,6 +20,10 @@ Rectangle {
     color: HostTheme.menu
 
     TabButton {
+        id: outputs
+
+        objectName: "outputsTab"
+        KeyNavigation.right: player
         width: root.tabWidth
         height: root.height
         picture: "output"
@@ -29,6 +33,10 @@ Rectangle {
     }
 
     TabButton {
+        id: player
+
+        objectName: "playerTab"
+        KeyNavigation.right: settings
         x: root.tabWidth
         width: root.width - settings.width - x
         height: root.height

@@ -76,11 +76,23 @@ void HostProcess::sendSignal(int number)
         kill(pid_t(m_process.processId()), number);
 }
 
+bool HostProcess::catches(int number) const
+{
+    QFile file(QStringLiteral("/proc/%1/status").arg(m_process.processId()));
+    if (!file.open(QIODevice::ReadOnly))
+        return false;
+    const QList<QByteArray> lines = file.readAll().split('\n');
+    for (const QByteArray &line : lines) {
+        if (line.startsWith("SigCgt:"))
+            return (line.mid(7).trimmed().toULongLong(nullptr, 16) >> (number - 1)) & 1;
+    }
+    return false;
+}
+
 int HostProcess::wait()
 {
     // Serves this process's events meanwhile: it may be the other end of a socket.
-    const bool ended = QTest::qWaitFor([this] { return m_process.state() == QProcess::NotRunning; },
-                                       patience);
+    const bool ended = QTest::qWaitFor([this] { return isEnded(); }, patience);
     return ended && m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
 }
 

@@ -18,6 +18,7 @@ public:
 
     QString home() const { return m_home.path(); }
     void set(const QString &variable, const QString &value) { m_environment.insert(variable, value); }
+    void unset(const QString &variable) { m_environment.remove(variable); }
 
     /// Writes a file into the home folder, with the folders above it, and returns its path.
     QString writeFile(const QString &name, const QByteArray &content) const;
@@ -31,9 +32,11 @@ public:
 
     QByteArray commandLine() const; ///< as everybody on the machine can read it while the host runs
     void sendSignal(int number);
+    bool catches(int number) const; ///< whether the host has a handler of its own for that signal
 
     /// Waits for the end. The exit status, or -1 when the host does not end, or crashes.
     int wait();
+    bool isEnded() const { return m_process.state() == QProcess::NotRunning; }
     int run(const QStringList &arguments);
 
     QString out(); ///< what it wrote so far

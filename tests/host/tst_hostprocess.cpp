@@ -7,6 +7,7 @@
 
 #include <QImage>
 #include <QLibraryInfo>
+#include <QLockFile>
 #include <QTcpServer>
 #include <QtTest>
 
@@ -70,6 +71,9 @@ private Q_SLOTS:
     void endsQuietlyAtASignal_data();
     void endsQuietlyAtASignal();
 
+    void speaksTheLanguageOfTheSettings_data();
+    void speaksTheLanguageOfTheSettings();
+
     // What goes wrong.
     void refusesWrongOptions_data();
     void refusesWrongOptions();
@@ -82,6 +86,9 @@ private Q_SLOTS:
     void refusesAFolderItCannotMake();
     void tellsWhichScreenDidNotCome();
     void failsATourThatWarns();
+    void tellsOfAnUnknownName();
+    void refusesADesktopWithoutOpenGL();
+    void endsAtASecondSignal();
 };
 
 void HostProcessTest::describesItself_data()
@@ -253,6 +260,29 @@ void HostProcessTest::endsQuietlyAtASignal()
     QTRY_COMPARE(device.liveConnections(), 0);
 }
 
+void HostProcessTest::speaksTheLanguageOfTheSettings_data()
+{
+    QTest::addColumn<QString>("help");
+    QTest::addColumn<QString>("sentence");
+    QTest::newRow("de") << "Ein simuliertes Haus zeigen"_s
+                        << "Entweder --demo oder --device, nicht beides."_s;
+    QTest::newRow("it") << "Mostra una casa simulata"_s
+                        << "Usare --demo oppure --device, non entrambi."_s;
+}
+
+void HostProcessTest::speaksTheLanguageOfTheSettings()
+{
+    QFETCH(QString, help);
+    QFETCH(QString, sentence);
+    HostProcess host;
+    host.writeFile("Kestrum/halvora-host.conf"_s,
+                   QByteArray("[General]\nlanguage=") + QTest::currentDataTag() + '\n');
+    QCOMPARE(host.run({"--help"_s}), 0);
+    QVERIFY2(host.out().contains(help), qPrintable(host.out()));
+    QCOMPARE(host.run({"--demo"_s, "--device"_s, "box:5000"_s}), 2);
+    QCOMPARE(host.err(), "halvora-host: %1\n"_s.arg(sentence));
+}
+
 void HostProcessTest::refusesWrongOptions_data()
 {
     QTest::addColumn<QStringList>("arguments");
@@ -267,6 +297,8 @@ void HostProcessTest::refusesWrongOptions_data()
         QTest::newRow(wrong) << QStringList{"--device"_s, address, "--user"_s, "a"_s} << form.arg(address);
     }
     QTest::newRow("no user") << atDevice << "--device needs --user NAME as well."_s;
+    QTest::newRow("bar in the user") << atDevice + QStringList{"--user"_s, "a|b"_s}
+                                     << "--user cannot hold \"|\"."_s;
     QTest::newRow("no password")
         << atDevice + QStringList{"--user"_s, "a"_s}
         << "--device needs a password: give --password-file FILE, set HALVORA_PASSWORD, "
@@ -383,13 +415,18 @@ void HostProcessTest::goesOnWithBadSettings_data()
     QTest::addColumn<QString>("file"); // in the folder of the settings
     QTest::addColumn<QByteArray>("content");
     QTest::addColumn<QString>("sentence");
+    QTest::addColumn<int>("sentences");
     const QString settings = "Kestrum/halvora-host.conf"_s;
-    QTest::newRow("damaged") << settings << QByteArray("\0\1 no settings\n[[[\n=\n", 22)
-                             << "the settings are damaged; new ones are begun, the old ones are in \""_s;
+    const QByteArray damaged("\0\1 no settings\n[[[\n=\n", 22);
+    QTest::newRow("damaged") << settings << damaged
+                             << "The settings are damaged; new ones are begun, the old ones are in \""_s << 1;
+    QTest::newRow("damaged for good")
+        << settings << damaged << "The settings are damaged and cannot be put aside as \""_s
+        << 2; // nor can they be written
     QTest::newRow("not to be written")
-        << "Kestrum"_s << QByteArray("no folder") << "the settings cannot be written: \""_s;
+        << "Kestrum"_s << QByteArray("no folder") << "The settings cannot be written: "_s << 1;
     QTest::newRow("language") << settings << QByteArray("[General]\nlanguage=fr\nuniqueID=me\n")
-                              << "the settings name a language that is not known: \"fr\""_s;
+                              << "The settings name a language that is not known: \"fr\"."_s << 1;
 }
 
 void HostProcessTest::goesOnWithBadSettings()
@@ -397,17 +434,20 @@ void HostProcessTest::goesOnWithBadSettings()
     QFETCH(QString, file);
     QFETCH(QByteArray, content);
     QFETCH(QString, sentence);
+    QFETCH(int, sentences);
     DeviceSimulator device;
     QVERIFY(device.listen());
     HostProcess host;
     host.writeFile(file, content);
+    if (qstrcmp(QTest::currentDataTag(), "damaged for good") == 0)
+        host.writeFile(file + ".damaged/in the way"_s, "x");
     host.set("HALVORA_PASSWORD"_s, "open sesame"_s);
     host.start({"--device"_s, numbered(device.host(), device.port()), "--user"_s, "anna"_s});
     QVERIFY(!loginAt(&device).isEmpty());
     host.sendSignal(SIGTERM);
     QCOMPARE(host.wait(), 0);
     const QString said = host.err();
-    QVERIFY2(said.contains(sentence) && said.count(QLatin1Char('\n')) == 1, qPrintable(said));
+    QVERIFY2(said.contains(sentence) && said.count(QLatin1Char('\n')) == sentences, qPrintable(said));
 }
 
 void HostProcessTest::refusesAFolderItCannotMake()
@@ -440,6 +480,47 @@ void HostProcessTest::failsATourThatWarns()
     QVERIFY2(said.filter("TypeError"_s).size() == said.size() - 1, qPrintable(host.err()));
     QCOMPARE(said.value(said.size() - 1), "halvora-host: The tour gave warnings: %1."_s.arg(said.size() - 1));
     QCOMPARE(QDir(host.home() + "/tour"_s).entryList(QDir::Files).size(), 4);
+}
+
+void HostProcessTest::tellsOfAnUnknownName()
+{
+    HostProcess host;
+    host.set("HALVORA_PASSWORD"_s, "x"_s);
+    host.start({"--device"_s, "no-such-box.invalid:5000"_s, "--user"_s, "a"_s});
+    const QString sentence = "halvora.host: The network knows no \"no-such-box.invalid\".\n"_s;
+    QTRY_COMPARE_WITH_TIMEOUT(host.err(), sentence, 30000);
+    host.sendSignal(SIGTERM);
+    QCOMPARE(host.wait(), 0);
+}
+
+void HostProcessTest::refusesADesktopWithoutOpenGL()
+{
+    HostProcess host;
+    host.unset("DISPLAY"_s); // without which this platform has none
+    QCOMPARE(host.run({"--demo"_s}), 1);
+    const QStringList said = host.err().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QCOMPARE(said.value(said.size() - 1),
+             "halvora-host: The window cannot be drawn, as there is no working OpenGL."_s);
+}
+
+void HostProcessTest::endsAtASecondSignal()
+{
+    DeviceSimulator device;
+    QVERIFY(device.listen());
+    HostProcess host;
+    const QString settings = host.writeFile("Kestrum/halvora-host.conf"_s, "[General]\nuniqueID=me\n");
+    host.set("HALVORA_PASSWORD"_s, "x"_s);
+    host.start({"--device"_s, numbered(device.host(), device.port()), "--user"_s, "anna"_s});
+    QVERIFY(!loginAt(&device).isEmpty());
+    QLockFile busy(settings + ".lock"_s); // the host waits for it with the place of its window
+    QVERIFY(busy.lock());
+    QVERIFY(host.catches(SIGINT));
+    host.sendSignal(SIGINT);
+    QTRY_VERIFY(!host.catches(SIGINT));
+    QVERIFY(!host.isEnded());
+    host.sendSignal(SIGINT);
+    QCOMPARE(host.wait(), -1); // by the signal
+    QCOMPARE(host.err(), QString());
 }
 
 QTEST_GUILESS_MAIN(HostProcessTest)

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 
 #include "HostController.h"
+#include "HostLanguages.h"
 #include "HostPreferences.h"
 #include "HostScene.h"
-#include "HostSettings.h"
 #include "PluginGate.h"
 #include "SceneSearch.h"
 

@@ -7,11 +7,13 @@
 #include "simulator/DeviceSimulator.h"
 #include "support/Suite.h"
 
+#include <QLibraryInfo>
 #include <QProcess>
 #include <QQmlApplicationEngine>
 #include <QQmlContext>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QUuid>
 
 namespace {
 
@@ -33,9 +35,10 @@ private Q_SLOTS:
     void init();
     // What works.
     void logsIn();
-    void showsTheOutputs();
+    void showsTheOutputsAndThePlayer();
     // What goes wrong.
-    void endsWithoutTheLibrary();
+    void endsWithOneSentence_data();
+    void endsWithOneSentence();
 
 private:
     std::unique_ptr<DeviceSimulator> m_device;
@@ -55,16 +58,24 @@ void MinimalHostTest::init()
 void MinimalHostTest::logsIn()
 {
     qputenv("HALVORA_PASSWORD", "secret");
-    QProcess example;
-    example.start(u(HALVORA_EXAMPLE),
-                  {u(HALVORA_LIB), m_device->host(), QString::number(m_device->port()), u("anna")});
-    QTRY_COMPARE_WITH_TIMEOUT(m_device->joinedConnections(), 1, patience);
-    example.kill();
-    QVERIFY(example.waitForFinished());
-    QCOMPARE(example.readAllStandardError(), QByteArray());
+    QStringList names; // of the installation, as the device hears it
+    for (int run = 0; run < 2; ++run) {
+        QProcess example;
+        example.start(u(HALVORA_EXAMPLE),
+                      {u(HALVORA_LIB), m_device->host(), QString::number(m_device->port()), u("anna")});
+        QTRY_COMPARE_WITH_TIMEOUT(m_device->joinedConnections(), 1, patience);
+        names += m_device->messages().first().section(QLatin1Char('|'), 1, 1);
+        example.kill();
+        QVERIFY(example.waitForFinished());
+        QCOMPARE(example.readAllStandardError(), QByteArray());
+        QTRY_COMPARE(m_device->liveConnections(), 0);
+        m_device->clearReceived();
+    }
+    QVERIFY2(!QUuid(names.at(0)).isNull(), qPrintable(names.at(0)));
+    QCOMPARE(names.at(1), names.at(0));
 }
 
-void MinimalHostTest::showsTheOutputs()
+void MinimalHostTest::showsTheOutputsAndThePlayer()
 {
     qputenv("HALVORA_PLUGIN_DIR", HALVORA_LIB_DIR);
     PluginGate gate;
@@ -76,22 +87,57 @@ void MinimalHostTest::showsTheOutputs()
         u("access"),
         QStringList{m_device->host(), QString::number(m_device->port()), u("anna"), u("secret")});
     engine.load(QUrl(u("qrc:/Main.qml")));
-    const auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
+    auto *window = qobject_cast<QQuickWindow *>(engine.rootObjects().value(0));
     QVERIFY(window);
     const QVector<OutputState> outputs = m_device->state().outputs;
     QVERIFY(!outputs.isEmpty());
     for (const OutputState &output : outputs)
         QTRY_VERIFY_WITH_TIMEOUT(SceneSearch::withText(window->contentItem(), "text", output.name), patience);
+
+    const auto tap = [window](const QQuickItem *item) {
+        QTest::mouseClick(window, Qt::LeftButton, {},
+                          item->mapToScene(item->boundingRect().center()).toPoint());
+    };
+    const auto tab = [window](const char *name) {
+        return SceneSearch::withText(window->contentItem(), "text", u(name));
+    };
+    tap(tab("Player")); // there is none yet
+    QVERIFY(SceneSearch::ofType(window->contentItem(), "OutputsView"));
+    tap(SceneSearch::ofType(window->contentItem(), "CoverImgS"));
+    QVERIFY(SceneSearch::ofType(window->contentItem(), "PlayerView"));
+    tap(tab("Outputs"));
+    QVERIFY(SceneSearch::ofType(window->contentItem(), "OutputsView"));
+    tap(tab("Player"));
+    QVERIFY(SceneSearch::ofType(window->contentItem(), "PlayerView"));
 }
 
-void MinimalHostTest::endsWithoutTheLibrary()
+void MinimalHostTest::endsWithOneSentence_data()
 {
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<QString>("sentence");
+    const QString usage = u("usage: HALVORA_PASSWORD=... minimal-host LIBRARY HOST PORT USER");
+    QTest::newRow("nothing") << QStringList() << 2 << usage;
+    QTest::newRow("no user") << QStringList{u(HALVORA_LIB), u("127.0.0.1"), u("5000")} << 2 << usage;
+    QTest::newRow("no library") << QStringList{u("/none/such.so"), u("127.0.0.1"), u("5000"), u("anna")} << 1
+                                << u("not found");
+    QTest::newRow("another library") << QStringList{
+        QLibraryInfo::location(QLibraryInfo::PluginsPath) + u("/platforms/libqoffscreen.so"), u("127.0.0.1"),
+        u("5000"), u("anna")} << 1 << u("no client library: ");
+}
+
+void MinimalHostTest::endsWithOneSentence()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(int, status);
+    QFETCH(QString, sentence);
     QProcess example;
-    example.start(u(HALVORA_EXAMPLE), {u("/none/such.so"), u("127.0.0.1"), u("5000"), u("anna")});
+    example.start(u(HALVORA_EXAMPLE), arguments);
     QVERIFY(example.waitForFinished(patience));
     QCOMPARE(example.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(example.exitCode(), 1);
-    QVERIFY(example.readAllStandardError().contains("not found"));
+    QCOMPARE(example.exitCode(), status);
+    const QString said = QString::fromUtf8(example.readAllStandardError());
+    QVERIFY2(said.contains(sentence) && said.count(QLatin1Char('\n')) == 1, qPrintable(said));
 }
 
 HALVORA_SUITE_MAIN(MinimalHostTest)
