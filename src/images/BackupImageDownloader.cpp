@@ -3,37 +3,17 @@
 
 #include "images/BackupImageDownloader.h"
 
+#include "images/BackupAnswer.h"
 #include "images/BodyBound.h"
 #include "player/PlayerItem.h"
 
 #include <QCoreApplication>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QSet>
 #include <QVariant>
 
-#include <algorithm>
-#include <iterator>
-#include <optional>
-
 namespace {
-
-using Images = QHash<int, QString>;
-
-struct SizeWidth
-{
-    QLatin1String size;
-    int width; // pixels
-};
-
-const SizeWidth sizeWidths[] = {
-    {QLatin1String("small"), 30},       {QLatin1String("medium"), 65}, {QLatin1String("large"), 180},
-    {QLatin1String("extralarge"), 300}, {QLatin1String("mega"), 350},
-};
-constexpr int otherWidth = 128;
 
 // Batches that are not freed yet; for the GUI thread.
 QSet<BackupImageDownloader *> &batches()
@@ -66,31 +46,8 @@ QString address(const QString &endpoint, const PlayerItem *item)
     return QUrl(text).toString();
 }
 
-int widthOf(const QString &size)
-{
-    const auto *const known = std::find_if(std::begin(sizeWidths), std::end(sizeWidths),
-                                           [&size](const SizeWidth &entry) { return entry.size == size; });
-    return known == std::end(sizeWidths) ? otherWidth : known->width;
-}
-
-// The pictures of an answer, none if it has no album: the service says "error" where it knows none.
-std::optional<Images> imagesOf(const QByteArray &body)
-{
-    const QJsonObject answer = QJsonDocument::fromJson(body).object();
-    if (answer.contains(QLatin1String("error")) || !answer.contains(QLatin1String("album")))
-        return std::nullopt;
-    Images images;
-    const QJsonArray entries = answer[QLatin1String("album")].toObject()[QLatin1String("image")].toArray();
-    for (const QJsonValue &entry : entries) {
-        const QString uri = entry.toObject()[QLatin1String("#text")].toString();
-        if (!uri.isEmpty())
-            images.insert(widthOf(entry.toObject()[QLatin1String("size")].toString()), uri);
-    }
-    return images;
-}
-
 // Whether the item is still there is asked in the GUI thread, where items live and die.
-void store(const QPointer<PlayerItem> &item, const Images &images)
+void store(const QPointer<PlayerItem> &item, const QHash<int, QString> &images)
 {
     const auto assign = [item, images] {
         if (item)
@@ -151,8 +108,8 @@ void BackupImageDownloader::replyFinished(QNetworkReply *reply)
     reply->deleteLater();
     const QPointer<PlayerItem> item = m_requests.take(reply->url().toString());
     if (reply->error() == QNetworkReply::NoError) {
-        if (const std::optional<Images> images = imagesOf(reply->readAll()))
-            store(item, *images);
+        if (const auto pictures = BackupAnswer::pictures(reply->readAll()))
+            store(item, *pictures);
     }
     endWhenDone();
 }

@@ -2,21 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 
 #include "support/ObjectCount.h"
+#include "support/ObjectHooks.h"
 
 #include <QDir>
-#include <QObject>
 
 #include <atomic>
 
-QT_BEGIN_NAMESPACE
-extern quintptr Q_CORE_EXPORT qtHookData[];
-QT_END_NAMESPACE
-
 namespace {
-
-// Places in Qt's table of hooks.
-constexpr int objectAdded = 3;
-constexpr int objectRemoved = 4;
 
 std::atomic<int> count{0};
 
@@ -34,8 +26,7 @@ void removed(QObject *)
 
 int ObjectCount::alive()
 {
-    qtHookData[objectAdded] = reinterpret_cast<quintptr>(&added);
-    qtHookData[objectRemoved] = reinterpret_cast<quintptr>(&removed);
+    setObjectHooks(&added, &removed);
     return count;
 }
 
