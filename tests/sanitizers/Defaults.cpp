@@ -26,6 +26,12 @@ const char *__lsan_default_options() // NOLINT(bugprone-reserved-identifier)
 {
     return "print_suppressions=0";
 }
+
+// What Qt does with its own data and the threads' library is Qt's; what it does with ours, it is called for.
+const char *__tsan_default_options() // NOLINT(bugprone-reserved-identifier)
+{
+    return "ignore_noninstrumented_modules=1";
+}
 }
 
 #pragma GCC visibility pop

@@ -10,6 +10,10 @@
 #include <algorithm>
 #include <utility>
 
+#ifdef __SANITIZE_THREAD__
+#    include "sanitizers/QtOrder.h"
+#endif
+
 namespace {
 
 // Qt's own log of the run, with the announced messages already left out of it.
@@ -68,6 +72,12 @@ void Suite::cleanup()
              "a warning was logged that the test did not announce: " + warnings.join("; "));
 }
 
+#ifdef __SANITIZE_THREAD__
+using QtOrder::Application;
+#else
+using Application = QGuiApplication;
+#endif
+
 int runSuite(int argc, char **argv, const std::function<std::unique_ptr<Suite>()> &make)
 {
     const QTemporaryDir home;
@@ -75,7 +85,7 @@ int runSuite(int argc, char **argv, const std::function<std::unique_ptr<Suite>()
     const QString log = home.filePath(QStringLiteral("log.txt"));
     warningLog.open(log);
 
-    QGuiApplication application(argc, argv);
+    Application application(argc, argv);
     QCoreApplication::setOrganizationName(QStringLiteral("HalvoraTests"));
     QCoreApplication::setApplicationName(QFileInfo(application.applicationFilePath()).fileName());
     QSettings::setDefaultFormat(QSettings::IniFormat);
