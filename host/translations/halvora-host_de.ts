@@ -95,7 +95,7 @@
     <name>HostController</name>
     <message>
         <source>The network knows no &quot;%1&quot;.</source>
-        <translation>Das Netzwerk kennt kein „%1“.</translation>
+        <translation>„%1“ ist im Netzwerk nicht bekannt.</translation>
     </message>
     <message>
         <source>The password is missing.</source>

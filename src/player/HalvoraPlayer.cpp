@@ -21,7 +21,7 @@ HalvoraPlayer::HalvoraPlayer(QObject *parent) : QObject(parent)
 HalvoraPlayer::~HalvoraPlayer()
 {
     stopConnection();
-    Reclaimer::drop(m_currentSong);
+    Reclaimer::drop(m_madeSong);
     Reclaimer::dropAll(m_queueMap.values());
     Reclaimer::dropAll(m_playlists);
 }

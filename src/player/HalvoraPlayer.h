@@ -11,6 +11,7 @@
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QMap>
+#include <QPointer>
 #include <QQmlListProperty>
 #include <QStringList>
 #include <QTimer>
@@ -268,6 +269,7 @@ private:
     QTimer m_dropRetry;
     QTimer m_errorRetry;
     Song *m_currentSong = nullptr;
+    QPointer<Song> m_madeSong; // the last one that was made here; anybody may have set another since
     QMap<int, Song *> m_queueMap;
     QList<Song *> m_queueSnapshot;
     QTimer m_completion; // runs while songs of the queue are incomplete

@@ -101,13 +101,13 @@ void HalvoraPlayer::updateTrackInfo(QJsonValue v)
     if (!track.contains(QLatin1String("uri")))
         return;
     if (!m_currentSong || m_currentSong->uri() != track.value(QLatin1String("uri")).toString()) {
-        Song *const former = m_currentSong;
         m_currentSong = new Song(QCborMap::fromJsonObject(track));
         if (m_currentSong->uri().startsWith(QLatin1String("tunein:")))
             m_currentSong->setName(m_currentSong->name()); // as streams do; nobody listens to a song this new
         m_currentSong->setDuration(TrackParser::wholeSeconds(track.value(QLatin1String("length"))));
         Q_EMIT currentSongChanged();
-        Reclaimer::drop(former);
+        Reclaimer::drop(m_madeSong);
+        m_madeSong = m_currentSong;
     }
     if (m_currentSong->images->isEmpty()) {
         post(QStringLiteral("core.library.get_images"),

@@ -16,10 +16,10 @@ int dlclose(void *)
 
 const char *__lsan_default_suppressions() // NOLINT(bugprone-reserved-identifier): the sanitizer's name
 {
-    return "leak:QScreen::QScreen\n"  // platform plugins do not take back the screens that they announced
-           "leak:libqoffscreen.so\n"  // likewise
-           "leak:swrast_dri.so\n"     // the renderer's tables
-           "leak:libdbus-1.so.3\n";   // the connection to the session bus
+    return "leak:QScreen::QScreen\n" // platform plugins do not take back the screens that they announced
+           "leak:libqoffscreen.so\n" // likewise
+           "leak:swrast_dri.so\n"    // the renderer's tables
+           "leak:libdbus-1.so.3\n";  // the connection to the session bus
 }
 
 const char *__lsan_default_options() // NOLINT(bugprone-reserved-identifier)
