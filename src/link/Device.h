@@ -9,7 +9,7 @@
 /**
  * One device as it is dialled: its addresses, the login, and what else a host wants to note about it.
  *
- * Made in the GUI thread, by MainTabController or by QML, and never deleted by the library. The link's thread
+ * Made in the GUI thread, by MainTabController, which keeps it to its own end, or by QML. The link's thread
  * reads the addresses when it starts, so the record is not written while the link runs. Nothing is checked:
  * every setter stores what it is given and emits its signal, changed or not.
  */

@@ -11,7 +11,8 @@
  * One output (zone) of the device, as the device last described it. Only Halvora writes it, from the device's
  * messages; screens bind to it and ask for changes through the actions of Halvora.
  *
- * Made by Halvora, without a parent, in the GUI thread, and alive until the process ends.
+ * Made by Halvora, without a parent, in the GUI thread. Halvora drops it at its own end; QML may
+ * hold it longer.
  */
 class Output : public QObject
 {

@@ -10,7 +10,8 @@
 /**
  * One source of the device. Only Halvora writes it, from the device's messages.
  *
- * Made by Halvora, without a parent, in the GUI thread, and alive until the process ends.
+ * Made by Halvora, without a parent, in the GUI thread. Halvora drops it at its own end; QML may
+ * hold it longer.
  */
 class Source : public QObject
 {

@@ -27,7 +27,7 @@ class SocketHandler;
  * playback, queue, playlists and URI schemes for QML to bind to.
  *
  * Made by Halvora for each source with a server, without a parent, in the GUI thread, where everything here runs;
- * alive until the process ends. The mirror follows the server's answers and events alone: no action changes it.
+ * dropped when its Halvora goes. The mirror follows the server's answers and events alone: no action changes it.
  * Setters store and emit, changed or not; what has a setter below is written by the mirror or by Halvora.
  *
  * Replies: an action that takes `rec` and `hdl` has the reply's "result" delivered to the invokable method of that

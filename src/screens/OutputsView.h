@@ -11,7 +11,7 @@
  * The C++ side of the outputs screen: the device it shows and the overlay for the link's messages. The rest is
  * "qrc:/Qml/OutputsView.qml", whose root is one of these and which must define loadOutputs().
  *
- * Made once by MainTabController, in the GUI thread, and alive until the process ends. It owns neither the
+ * Made once by MainTabController, in the GUI thread, and deleted with it. It owns neither the
  * device nor the overlay.
  */
 class OutputsView : public QQuickItem

@@ -12,7 +12,7 @@
  * the dialog that saves the queue. The rest is "qrc:/Qml/PlayerView.qml", whose root is one of these and which must
  * define loadOutputs() and prepareDisconnectSource().
  *
- * Made once by MainTabController, in the GUI thread, and alive until the process ends. It owns neither the
+ * Made once by MainTabController, in the GUI thread, and deleted with it. It owns neither the
  * device, nor its outputs, nor the overlay.
  */
 class PlayerView : public QQuickItem

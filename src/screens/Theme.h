@@ -9,7 +9,7 @@
 
 /**
  * The colours of all screens and the suffix of the pictures that go with them. MainTabController reads one from
- * the resources and publishes it to QML as "currentTheme"; it lives in the GUI thread until the process ends.
+ * the resources and publishes it to QML as "currentTheme"; it lives in the GUI thread as long as the engine.
  */
 class Theme : public QObject
 {
