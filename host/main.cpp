@@ -21,8 +21,10 @@
 #include <QGuiApplication>
 #include <QQuickWindow>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
+#include <iterator>
 #include <memory>
 
 namespace {
@@ -51,6 +53,14 @@ struct Call
     std::optional<int> end; ///< the status, when all is done with that
 };
 
+/// Qt aborts where there is none.
+bool hasDisplay()
+{
+    const char *const signs[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    return std::any_of(std::begin(signs), std::end(signs),
+                       [](const char *sign) { return !qEnvironmentVariableIsEmpty(sign); });
+}
+
 /// The options are read before there is a display, so that --help needs none; and the password with them.
 Call readCall(int &argc, char **argv)
 {
@@ -64,6 +74,8 @@ Call readCall(int &argc, char **argv)
         call.end = refuse(BadCall, options.text);
     if (options.next == HostOptions::Next::Tell)
         call.end = std::fputs(qPrintable(options.text), stdout) < 0 ? Failed : Done;
+    if (!call.end && !hasDisplay())
+        call.end = refuse(Failed, Text::tr("There is no display to open a window on."));
     if (call.end || !options.device)
         return call;
     QString error;

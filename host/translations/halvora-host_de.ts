@@ -1,7 +1,5 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
-<!-- SPDX-FileCopyrightText: The Halvora client authors -->
-<!-- SPDX-License-Identifier: Apache-2.0 -->
 <TS version="2.1" language="de" sourcelanguage="en">
 <context>
     <name>ConnectionState</name>
@@ -432,6 +430,10 @@ Warnung unterwegs ist ein Fehler. Außerhalb der reinen --demo: die ersten vier 
     <message>
         <source>The client library has no catalogue &quot;%1&quot;.</source>
         <translation>Die Client-Bibliothek hat keinen Katalog „%1“.</translation>
+    </message>
+    <message>
+        <source>There is no display to open a window on.</source>
+        <translation>Es gibt keine Anzeige, auf der sich ein Fenster öffnen ließe.</translation>
     </message>
     <message>
         <source>The tour gave warnings: %1.</source>

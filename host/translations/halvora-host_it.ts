@@ -1,7 +1,5 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
-<!-- SPDX-FileCopyrightText: The Halvora client authors -->
-<!-- SPDX-License-Identifier: Apache-2.0 -->
 <TS version="2.1" language="it" sourcelanguage="en">
 <context>
     <name>ConnectionState</name>
@@ -432,6 +430,10 @@ lungo il percorso è un errore. Fuori dalla semplice --demo: le prime quattro sc
     <message>
         <source>The client library has no catalogue &quot;%1&quot;.</source>
         <translation>La libreria del client non ha il catalogo «%1».</translation>
+    </message>
+    <message>
+        <source>There is no display to open a window on.</source>
+        <translation>Non c&apos;è uno schermo su cui aprire una finestra.</translation>
     </message>
     <message>
         <source>The tour gave warnings: %1.</source>

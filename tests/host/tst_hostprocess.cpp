@@ -88,6 +88,7 @@ private Q_SLOTS:
     void failsATourThatWarns();
     void tellsOfAnUnknownName();
     void refusesADesktopWithoutOpenGL();
+    void refusesAMachineWithoutADisplay();
     void endsAtASecondSignal();
 };
 
@@ -501,6 +502,15 @@ void HostProcessTest::refusesADesktopWithoutOpenGL()
     const QStringList said = host.err().split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     QCOMPARE(said.value(said.size() - 1),
              "halvora-host: The window cannot be drawn, as there is no working OpenGL."_s);
+}
+
+void HostProcessTest::refusesAMachineWithoutADisplay()
+{
+    HostProcess host;
+    for (const char *sign : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        host.unset(QLatin1String(sign));
+    QCOMPARE(host.run({"--demo"_s}), 1);
+    QCOMPARE(host.err(), "halvora-host: There is no display to open a window on.\n"_s);
 }
 
 void HostProcessTest::endsAtASecondSignal()
