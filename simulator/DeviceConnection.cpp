@@ -5,10 +5,9 @@
 
 #include <QTimer>
 
-#include <sys/socket.h>
-
 #include "link/Aes128.h"
 #include "link/FrameCodec.h"
+#include "simulator/HardReset.h"
 
 namespace {
 
@@ -47,10 +46,7 @@ void DeviceConnection::sendPlain(const QString &text)
 
 void DeviceConnection::reset()
 {
-    // Without lingering, the kernel drops what is still to be sent and resets the peer.
-    const linger noWait{1, 0};
-    setsockopt(int(m_socket->socketDescriptor()), SOL_SOCKET, SO_LINGER, &noWait, sizeof noWait);
-    m_socket->abort();
+    hardReset(m_socket);
 }
 
 void DeviceConnection::readStream()

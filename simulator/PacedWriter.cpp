@@ -20,6 +20,12 @@ void PacedWriter::append(const QByteArray &bytes)
         m_turn.start(0);
 }
 
+void PacedWriter::clear()
+{
+    m_turn.stop();
+    m_pending.clear();
+}
+
 void PacedWriter::writePiece()
 {
     if (!m_socket || m_socket->state() != QAbstractSocket::ConnectedState) {

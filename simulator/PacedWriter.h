@@ -27,6 +27,9 @@ public:
     /// Queues bytes. Nothing is written before the next turn of the event loop.
     void append(const QByteArray &bytes);
 
+    /// Drops what has not been written yet.
+    void clear();
+
 private:
     void writePiece();
     int nextPieceSize() const;

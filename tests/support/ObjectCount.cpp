@@ -4,22 +4,40 @@
 #include "support/ObjectCount.h"
 #include "support/ObjectHooks.h"
 
+#include <QAbstractEventDispatcher>
 #include <QDir>
-
-#include <atomic>
+#include <QMutex>
+#include <QSet>
+#include <QThread>
 
 namespace {
 
-std::atomic<int> count{0};
-
-void added(QObject *)
+struct Census
 {
-    ++count;
+    QMutex mutex; // objects come and go on all threads
+    int count = 0;
+    QSet<QObject *> known;
+};
+
+// Never destroyed: objects go until the very end of the process.
+Census &census()
+{
+    static auto *const all = new Census;
+    return *all;
 }
 
-void removed(QObject *)
+void added(QObject *object)
 {
-    --count;
+    const QMutexLocker lock(&census().mutex);
+    ++census().count;
+    census().known.insert(object);
+}
+
+void removed(QObject *object)
+{
+    const QMutexLocker lock(&census().mutex);
+    --census().count;
+    census().known.remove(object);
 }
 
 } // namespace
@@ -27,7 +45,19 @@ void removed(QObject *)
 int ObjectCount::alive()
 {
     setObjectHooks(&added, &removed);
-    return count;
+    const QMutexLocker lock(&census().mutex);
+    return census().count;
+}
+
+int ObjectCount::timers()
+{
+    const QMutexLocker lock(&census().mutex);
+    int running = 0;
+    for (QObject *object : qAsConst(census().known)) {
+        if (object->thread() == QThread::currentThread())
+            running += QAbstractEventDispatcher::instance()->registeredTimers(object).size();
+    }
+    return running;
 }
 
 int ObjectCount::threads()

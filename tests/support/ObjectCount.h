@@ -9,6 +9,9 @@ namespace ObjectCount {
 
 int alive();
 
+/// Number of timers that run for objects of this thread, of those that were made since the counting began.
+int timers();
+
 /// Number of threads of this process.
 int threads();
 
