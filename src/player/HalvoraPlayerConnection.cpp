@@ -15,6 +15,18 @@
 namespace {
 
 constexpr int ticksBetweenPolls = 60;
+constexpr quint64 maxMessage = 24 * 1024
+    * 1024; // bytes, some 200,000 rows; the screens stand while it is read
+
+void bound(QWebSocket *socket)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(5, 15, 0)
+    socket->setMaxAllowedIncomingFrameSize(maxMessage);
+    socket->setMaxAllowedIncomingMessageSize(maxMessage);
+#else
+    Q_UNUSED(socket)
+#endif
+}
 
 void scheduleOnce(QTimer *retry, int milliseconds)
 {
@@ -38,6 +50,7 @@ void HalvoraPlayer::startConnection()
     m_nextRequestId = 0;
     m_live = false;
     m_socket = new QWebSocket(QString(), QWebSocketProtocol::Version13);
+    bound(m_socket);
     connect(m_socket, &QWebSocket::connected, this, &HalvoraPlayer::socketConnected);
     connect(m_socket, &QWebSocket::disconnected, this, &HalvoraPlayer::socketDisconnected);
     connect(m_socket, &QWebSocket::stateChanged, this, &HalvoraPlayer::socketStateChanged);

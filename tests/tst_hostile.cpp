@@ -1,0 +1,333 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "support/HostilePeer.h"
+#include "support/Memory.h"
+#include "support/Suite.h"
+
+#include "images/ImageDownloader.h"
+#include "link/Device.h"
+#include "link/FrameCodec.h"
+#include "link/HalvoraConnThread.h"
+#include "player/HalvoraPlayer.h"
+#include "player/PlayerTiming.h"
+#include "simulator/HugePng.h"
+
+#include <QBuffer>
+#include <QQuickItem>
+
+#include <malloc.h>
+
+namespace {
+
+using Connection = HostilePeer::Connection;
+using Attack = std::function<void(Connection &)>;
+
+constexpr qint64 mebibyte = 1024 * 1024;
+constexpr qint64 hundred = 100 * mebibyte;
+constexpr double margin = 24; // MiB: what the libraries' own caches and the allocator may keep
+
+const QByteArray frameEnd = FrameCodec::deviceTerminator;
+
+QByteArray frame(const QString &text)
+{
+    return FrameCodec::encryptText(text) + frameEnd;
+}
+
+class Cell final : public QQuickItem
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE void updateImage(const QVariant &uri) { told << uri.toString(); }
+
+    QStringList told;
+};
+
+// Tells, at its end, for how long the GUI thread was away at most and what the process has kept.
+class Watch final
+{
+public:
+    Watch() : m_before(settled())
+    {
+        m_clock.start();
+        m_beat.setTimerType(Qt::PreciseTimer);
+        QObject::connect(&m_beat, &QTimer::timeout, &m_beat, [this] { look(); });
+        m_beat.start(10);
+    }
+
+    double grown() const { return Memory::resident() - m_before; }
+
+    double kept()
+    {
+        look();
+        m_beat.stop();
+        const double most = m_most;
+        const double kept = settled() - m_before;
+        qInfo("longest gap %lld ms, %.0f MiB more at most, %.1f MiB kept", m_gap, most - m_before, kept);
+        return kept;
+    }
+
+private:
+    void look()
+    {
+        m_gap = qMax(m_gap, m_clock.restart());
+        m_most = qMax(m_most, Memory::resident());
+    }
+
+    static double settled()
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        malloc_trim(0);
+        return Memory::resident();
+    }
+
+    double m_before;
+    QElapsedTimer m_clock;
+    QTimer m_beat;
+    qint64 m_gap = 0;
+    double m_most = 0;
+};
+
+QByteArray picture(const char *type)
+{
+    QImage image(800, 800, QImage::Format_RGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            image.setPixel(x, y, qRgb(x * 7, y * 11, x * y));
+    }
+    QBuffer buffer;
+    image.save(&buffer, type);
+    return buffer.data();
+}
+
+void answer(Connection &connection, const QByteArray &body)
+{
+    connection.send("HTTP/1.1 200 OK\r\nContent-Type: image/png\r\nContent-Length: "
+                    + QByteArray::number(body.size()) + "\r\nConnection: close\r\n\r\n" + body);
+}
+
+void evictPictures()
+{
+    for (int i = 0; i < 51; ++i)
+        ImageDownloader::instance()->addToCache("small %1"_s.arg(i), QImage(1, 1, QImage::Format_RGB32));
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Attack)
+
+/**
+ * Peers that send too much, or for ever. The client does not crash, serves the next good message and gives back the
+ * memory. How long the GUI thread was away is told, and not judged here.
+ */
+class HostileTest final : public Suite
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+
+    void device_data();
+    void device();
+    void musicServer_data();
+    void musicServer();
+    void pictures_data();
+    void pictures();
+};
+
+// Large blocks go back to the system at once; else each arena would keep some, and tell nothing of what the client holds.
+void HostileTest::initTestCase()
+{
+    mallopt(M_MMAP_THRESHOLD, int(mebibyte / 4));
+    PlayerTiming::current() = {3600000, 20, 20};
+}
+
+void HostileTest::device_data()
+{
+    QTest::addColumn<Attack>("attack");
+    QTest::addColumn<bool>("hastens"); // the client is started again in the middle of it
+    const auto row = [](const char *name, const Attack &attack, bool hastens = false) {
+        QTest::newRow(name) << attack << hastens;
+    };
+    const QByteArray letters(65536, 'A');
+    // Cipher text of one block again and again is no announcement; of an announcement it goes on as one.
+    const QByteArray shown = FrameCodec::encryptText("7|BROAD|99|0|"_s + QString(3000, QLatin1Char('x')))
+                                 .left(4096);
+    // No frame has a greatest size, so a stream without an end is kept for as long as the connection stands.
+    row("no terminator", [=](Connection &peer) { peer.sendMuch(letters, hundred); });
+    row(
+        "no terminator, and a restart", [=](Connection &peer) { peer.sendMuch(letters, hundred); }, true);
+    row("a long message", [=](Connection &peer) {
+        peer.sendMuch(letters, hundred);
+        peer.send(frameEnd);
+    });
+    // A fragment counts as what it says so far, so each read of an announcement is one.
+    row("an announcement without end", [=](Connection &peer) {
+        peer.send(shown);
+        peer.sendMuch(letters, hundred);
+    });
+    row("nothing but terminators",
+        [=](Connection &peer) { peer.sendMuch("%%%%%%%%%%%%%%%%%%%%%%%%%%%%%%%%%%%%", mebibyte); });
+    row("a NUL", [=](Connection &peer) {
+        peer.send(QByteArray(1, '\0'));
+        peer.sendMuch(letters, hundred);
+    });
+    row("a million fields",
+        [=](Connection &peer) { peer.send(frame("7|BROAD|99"_s + QString(1000000, QLatin1Char('|')))); });
+}
+
+void HostileTest::device()
+{
+    QFETCH(Attack, attack);
+    Watch watch;
+    auto peer = std::make_unique<HostilePeer>([attack](Connection &connection, int number) {
+        connection.readUntil("&");
+        connection.send(frame("7|JOIN"_s));
+        if (number == 0)
+            return attack(connection);
+        connection.send(frame("7|BROAD|500|0"_s));
+        connection.waitForTheEnd();
+    });
+    {
+        Device device;
+        device.setLocalIp("127.0.0.1"_s);
+        device.setLocalPort(peer->port());
+        HalvoraConnThread link;
+        const QSignalSpy reached(&link, &HalvoraConnThread::firstConnected);
+        link.setDevice(&device);
+        link.restartLink();
+        QFETCH(bool, hastens);
+        if (hastens) {
+            QTRY_VERIFY_WITH_TIMEOUT(watch.grown() > 90, 60000);
+            link.restartLink(); // waits for what the link is at
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(reached.size(), 1, 120000);
+        link.stopLink();
+    }
+    peer.reset();
+    QVERIFY(watch.kept() < margin);
+}
+
+void HostileTest::musicServer_data()
+{
+    QTest::addColumn<Attack>("attack");
+    const auto row = [](const char *name, const Attack &attack) { QTest::newRow(name) << attack; };
+    const auto filled = [](const QByteArray &head, const QByteArray &piece, qint64 bytes,
+                           const QByteArray &tail) {
+        return [=](Connection &peer) {
+            peer.sendLongText(head, piece.repeated(int(65536 / piece.size())),
+                              bytes / piece.size() * piece.size(), tail);
+        };
+    };
+    row("100 MB of text", filled("{\"event\":\"", "x", hundred, "\"}"));
+    row("23 MB of objects", filled(R"({"event":"x","a":[0)", R"(,{"uri":"a"})", 23 * mebibyte, "]}"));
+    row("23 MB of empty lists", filled(R"({"event":"x","a":[0)", ",[]", 23 * mebibyte, "]}"));
+    row("100 MB of objects", filled(R"({"event":"x","a":[0)", R"(,{"uri":"a"})", hundred, "]}"));
+    row("100 MB of no JSON", filled("", "x", hundred, ""));
+    row("a message that never ends",
+        [](Connection &peer) { peer.sendLongText("{", QByteArray(65536, 'x'), hundred, {}); });
+    row("a million elements", filled(R"({"event":"x","a":[0)", ",1", 2000000, "]}"));
+    row("deep lists", filled(R"({"event":"x","a":)", "[", 10 * mebibyte, ""));
+    row("deep objects", filled(R"({"event":"x","a":)", R"({"a":)", 10 * mebibyte, ""));
+    row("a million messages", [](Connection &peer) {
+        for (int i = 0; i < 1000 && peer.isOpen(); ++i)
+            peer.send(QByteArray("\x81\x02{}", 4).repeated(1000));
+    });
+    row("a queue of 100,000",
+        filled(R"({"id":"0","result":[{})", R"(,{"tlid":1,"track":{"uri":"a","name":"b"}})", 43 * 100000,
+               "]}"));
+}
+
+void HostileTest::musicServer()
+{
+    QFETCH(Attack, attack);
+    Watch watch;
+    auto peer = std::make_unique<HostilePeer>([attack](Connection &connection, int number) {
+        if (!connection.becomeWebSocket())
+            return;
+        if (number == 0)
+            attack(connection);
+        if (!connection.isOpen())
+            return;
+        connection.sendText(R"({"event":"playback_state_changed","new_state":"playing"})");
+        connection.waitForTheEnd();
+    });
+    {
+        HalvoraPlayer player;
+        player.setIpAddress("127.0.0.1"_s);
+        player.setPort(QString::number(peer->port()));
+        player.startConnection();
+        QTRY_COMPARE_WITH_TIMEOUT(player.playPause(), 2, 30000);
+        player.stopConnection();
+        QTRY_VERIFY(peer->served() > 0);
+    }
+    peer.reset();
+    QVERIFY(watch.kept() < margin);
+}
+
+void HostileTest::pictures_data()
+{
+    QTest::addColumn<Attack>("attack");
+    const auto row = [](const char *name, const Attack &attack) { QTest::newRow(name) << attack; };
+    const auto body = [](const QByteArray &bytes) { return [=](Connection &peer) { answer(peer, bytes); }; };
+    const QByteArray zeroes(65536, '\0');
+    row("a bomb", body(HugePng::bytes(20000)));
+    QBuffer largest;
+    QImage(8000, 8000, QImage::Format_RGB32).save(&largest, "PNG");
+    row("the largest that is taken", body(largest.data()));
+    const QByteArray ok = "HTTP/1.1 200 OK\r\n";
+    row("endless body", [=](Connection &peer) {
+        peer.send(ok + "\r\n");
+        peer.sendMuch(zeroes, hundred);
+    });
+    row("endless pieces", [=](Connection &peer) {
+        peer.send(ok + "Transfer-Encoding: chunked\r\n\r\n");
+        peer.sendMuch("10000\r\n" + zeroes + "\r\n", hundred);
+    });
+    row("endless header", [=](Connection &peer) {
+        peer.send(ok);
+        peer.sendMuch("X-Name: " + QByteArray(1000, 'x') + "\r\n", 2 * mebibyte);
+    });
+    row("to itself",
+        [=](Connection &peer) { peer.send("HTTP/1.1 302 Found\r\nLocation: /hostile\r\n\r\n"); });
+    row("to a file",
+        [=](Connection &peer) { peer.send("HTTP/1.1 302 Found\r\nLocation: file:///dev/zero\r\n\r\n"); });
+    for (const char *type : {"PNG", "JPG"}) {
+        const QByteArray whole = picture(type);
+        for (int tenth = 0; tenth < 10; ++tenth)
+            QTest::addRow("%s of %d tenths", type, tenth)
+                << Attack(body(whole.left(whole.size() * tenth / 10)));
+    }
+}
+
+void HostileTest::pictures()
+{
+    QFETCH(Attack, attack);
+    allow("Corrupt JPEG data: premature end of data segment");
+    const QByteArray good = picture("PNG");
+    (void)ImageDownloader::instance();
+    Watch watch;
+    auto peer = std::make_unique<HostilePeer>([=](Connection &connection, int) {
+        const QByteArray request = connection.readUntil("\r\n\r\n");
+        if (request.startsWith("GET /hostile"))
+            attack(connection);
+        else
+            answer(connection, good);
+    });
+    {
+        Cell cell;
+        const QString url = "http://127.0.0.1:%1/"_s.arg(peer->port());
+        ImageDownloader::instance()->requestImage(url + "hostile"_s, &cell);
+        QTRY_COMPARE_WITH_TIMEOUT(peer->served(), 1, 60000);
+        ImageDownloader::instance()->requestImage(url + "good"_s, &cell);
+        QTRY_VERIFY(cell.told.contains(url + "good"_s));
+        QCOMPARE(ImageDownloader::instance()->cachedImage(url + "good"_s).size(), QSize(800, 800));
+        evictPictures();
+    }
+    peer.reset();
+    QVERIFY(watch.kept() < margin);
+}
+
+HALVORA_SUITE_MAIN(HostileTest)
+#include "tst_hostile.moc"
