@@ -3,6 +3,8 @@
 
 #include "Answers.h"
 
+#include "Measurement.h"
+
 #include "player/HalvoraPlayer.h"
 #include "simulator/Catalogue.h"
 #include "simulator/MopidyModels.h"
@@ -50,6 +52,15 @@ QJsonObject Answers::lookupOfLast(int looked, int rows)
         answer.insert(track.uri, QJsonArray{MopidyModels::track(track)});
     }
     return answer;
+}
+
+double Answers::secondsOfParser(const QByteArray &text)
+{
+    QJsonDocument document;
+    const double elapsed = Measurement::timed([&] { document = QJsonDocument::fromJson(text); });
+    if (!document.isObject())
+        qFatal("the parser has refused the text");
+    return elapsed;
 }
 
 std::unique_ptr<HalvoraPlayer> Answers::waitingPlayer()

@@ -16,8 +16,8 @@
 /**
  * What the programs of this folder share: clocks, the turns of one run, and the line that tells its result.
  *
- * A program does one side of a case once and writes one JSON object a line for each value. Who runs it takes turns with
- * the other side, and compares.
+ * A program does one side of a case once and writes one JSON object a line for each value. Who runs it takes
+ * turns with the other side, and compares.
  */
 namespace Measurement {
 
@@ -60,7 +60,8 @@ inline double median(QVector<double> values)
     return values.at(values.size() / 2);
 }
 
-/// Does the work and gives its seconds by `clock`. Not inlined, as the counter of instructions counts in here alone.
+/// Does the work and gives its seconds by `clock`. Not inlined, as the counter of instructions counts in here
+/// alone.
 [[gnu::noinline]] inline double timed(const std::function<void()> &work, double (*clock)() = threadSeconds)
 {
     const double before = clock();
@@ -94,7 +95,8 @@ private:
     QVector<QByteArray> m_arguments;
 };
 
-/// The median of some turns of one run; the first one only warms up. When instructions are counted, few will do.
+/// The median of some turns of one run; the first one only warms up. When instructions are counted, few will
+/// do.
 inline double medianOfTurns(const std::function<double()> &turn)
 {
     int turns = 15;

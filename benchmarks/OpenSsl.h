@@ -13,18 +13,18 @@ namespace OpenSsl {
 enum Direction { Decipher = 0, Encipher = 1 };
 
 /// AES-128-CBC; `padded` says whether the padding is added or taken away. Empty when OpenSSL refuses.
-inline QByteArray cbc(Direction direction, const QByteArray &data, const QByteArray &key, const QByteArray &vector,
-                      bool padded)
+inline QByteArray cbc(Direction direction, const QByteArray &data, const QByteArray &key,
+                      const QByteArray &vector, bool padded)
 {
     EVP_CIPHER_CTX *context = EVP_CIPHER_CTX_new();
     QByteArray result(data.size() + EVP_MAX_BLOCK_LENGTH, Qt::Uninitialized);
     auto *out = reinterpret_cast<unsigned char *>(result.data());
     int length = 0;
     int rest = 0;
-    const bool done =
-        EVP_CipherInit_ex(context, EVP_aes_128_cbc(), nullptr,
-                          reinterpret_cast<const unsigned char *>(key.constData()),
-                          reinterpret_cast<const unsigned char *>(vector.constData()), direction)
+    const bool done = EVP_CipherInit_ex(context, EVP_aes_128_cbc(), nullptr,
+                                        reinterpret_cast<const unsigned char *>(key.constData()),
+                                        reinterpret_cast<const unsigned char *>(vector.constData()),
+                                        direction)
         && EVP_CIPHER_CTX_set_padding(context, padded ? 1 : 0)
         && EVP_CipherUpdate(context, out, &length, reinterpret_cast<const unsigned char *>(data.constData()),
                             data.size())

@@ -12,9 +12,10 @@
 
 #include <QCoreApplication>
 
-// bench_broad ours|peer: the state of an output, from the bytes of its frame to the signals of the output. Ours takes
-// the way of the product, with the step from thread to thread as an event that is posted and delivered, but without a
-// socket: the bytes are put into the socket's buffer beforehand. The peer unarmours, deciphers and splits them.
+// bench_broad ours|peer: the state of an output, from the bytes of its frame to the signals of the output.
+// Ours takes the way of the product, with the step from thread to thread as an event that is posted and
+// delivered, but without a socket: the bytes are put into the socket's buffer beforehand. The peer unarmours,
+// deciphers and splits them.
 
 namespace {
 
@@ -32,7 +33,8 @@ public:
         QObject::connect(&m_connection, &HalvoraConnection::elaborateCommandReceived, &m_thread,
                          &HalvoraConnThread::elaborateCommandReceived, Qt::QueuedConnection);
         m_device.setConnPointer(&m_thread);
-        m_device.commandReceived({QString(), QString(), QStringLiteral("1"), QString(), QStringLiteral("5@Bath")});
+        m_device.commandReceived(
+            {QString(), QString(), QStringLiteral("1"), QString(), QStringLiteral("5@Bath")});
         Output *output = m_device.outputAt(5);
         const auto count = [this] { ++m_signals; };
         for (const auto changed : {&Output::volumeChanged, &Output::muteChanged, &Output::bassChanged,

@@ -10,11 +10,10 @@
 #include "player/Reclaimer.h"
 
 #include <QGuiApplication>
-#include <QJsonDocument>
 #include <QQmlEngine>
 
-// bench_browse ours|peer [ROWS]: from the text of a directory to the rows of the view, through player and controller, or
-// through Qt's parser alone.
+// bench_browse ours|peer [ROWS]: from the text of a directory to the rows of the view, through player and
+// controller, or through Qt's parser alone.
 
 namespace {
 
@@ -40,15 +39,6 @@ double toFilledList(const QString &text, int rows)
     return elapsed;
 }
 
-double parseAlone(const QByteArray &bytes)
-{
-    QJsonDocument document;
-    const double elapsed = Measurement::timed([&] { document = QJsonDocument::fromJson(bytes); });
-    if (!document.isObject())
-        qFatal("the parser has refused the text");
-    return elapsed;
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -62,7 +52,7 @@ int main(int argc, char **argv)
     const QByteArray bytes = Answers::directory(rows);
     const QString text = QString::fromUtf8(bytes);
     const double seconds = Measurement::medianOfTurns(
-        [&] { return call.isPeer() ? parseAlone(bytes) : toFilledList(text, rows); });
+        [&] { return call.isPeer() ? Answers::secondsOfParser(bytes) : toFilledList(text, rows); });
     call.report("browse-" + QByteArray::number(rows), seconds * 1e3, "ms");
     return 0;
 }

@@ -22,8 +22,8 @@ QByteArray byOurs(const QByteArray &plain)
 
 QByteArray byPeer(const QByteArray &plain)
 {
-    return OpenSsl::cbc(OpenSsl::Decipher, OpenSsl::cbc(OpenSsl::Encipher, plain, key, vector, false), key, vector,
-                        false);
+    return OpenSsl::cbc(OpenSsl::Decipher, OpenSsl::cbc(OpenSsl::Encipher, plain, key, vector, false), key,
+                        vector, false);
 }
 
 QByteArray message(int bytes)

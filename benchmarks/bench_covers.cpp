@@ -1,22 +1,21 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
+#include "Frames.h"
 #include "Measurement.h"
 
 #include "images/AsyncImageProvider.h"
 #include "images/ImageRequest.h"
 
 #include <QAbstractEventDispatcher>
-#include <QEventLoop>
 #include <QGuiApplication>
 #include <QQmlContext>
 #include <QQmlEngine>
 #include <QQuickItem>
-#include <QQuickView>
 
-// bench_covers ours|peer PORT: 200 covers of 600 by 600 from the server on that port, twenty on show at a time, until the
-// frame with the last of them; by our own pictures or by QML's. Tells also the longest stretch of processor time that the
-// main thread spent without a look at its events.
+// bench_covers ours|peer PORT: 200 covers of 600 by 600 from the server on that port, twenty on show at a
+// time, until the frame with the last of them; by our own pictures or by QML's. Tells also the longest
+// stretch of processor time that the main thread spent without a look at its events.
 
 namespace {
 
@@ -39,10 +38,10 @@ public:
     Stalls()
     {
         QAbstractEventDispatcher *dispatcher = QCoreApplication::eventDispatcher();
-        QObject::connect(dispatcher, &QAbstractEventDispatcher::awake, [this] { m_awake = Measurement::threadSeconds(); });
-        QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, [this] {
-            m_longest = qMax(m_longest, Measurement::threadSeconds() - m_awake);
-        });
+        QObject::connect(dispatcher, &QAbstractEventDispatcher::awake,
+                         [this] { m_awake = Measurement::threadSeconds(); });
+        QObject::connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock,
+                         [this] { m_longest = qMax(m_longest, Measurement::threadSeconds() - m_awake); });
     }
 
     void begin() { m_longest = 0; }
@@ -59,14 +58,6 @@ QStringList addresses(const QByteArray &port, int from)
     for (int i = from; i < from + atOnce; ++i)
         list << QStringLiteral("http://127.0.0.1:%1/covers/%2.jpg").arg(QString::fromLatin1(port)).arg(i);
     return list;
-}
-
-void untilFrame(QQuickView *view)
-{
-    QEventLoop loop;
-    QObject::connect(view, &QQuickWindow::frameSwapped, &loop, &QEventLoop::quit, Qt::QueuedConnection);
-    view->update();
-    loop.exec();
 }
 
 void showPage(QQuickView *view, const QStringList &addresses)

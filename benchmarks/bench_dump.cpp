@@ -13,9 +13,9 @@
 #include <QSemaphore>
 #include <QThread>
 
-// bench_dump ours|peer: the state of a device with 64 sources and 256 outputs, or 16 of them, over a real link: processor
-// time of the main thread from the login to the end of the state, for each message of the device. The device
-// lives in a thread of its own, as the link does.
+// bench_dump ours|peer [OUTPUTS]: the state of a device with 64 sources and 256 outputs, or 16 of them, over a real
+// link: processor time of the main thread from the login to the end of the state, for each message of the
+// device. The device lives in a thread of its own, as the link does.
 
 namespace {
 
@@ -113,7 +113,7 @@ int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
     const Measurement::Call call(argc, argv);
-    const int outputs = call.isPeer() ? 16 : 256;
+    const int outputs = call.number(1, call.isPeer() ? 16 : 256);
     const Remote remote(deviceOf(outputs));
     const double seconds = Measurement::medianOfTurns([&] { return readState(remote.port(), outputs); });
     call.report("dump", seconds * 1e6, "us");

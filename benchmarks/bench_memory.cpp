@@ -14,8 +14,8 @@
 
 #include <malloc.h>
 
-// bench_memory ours: what a row of the library and an entry of the queue keep of the heap, in lists of 20,000; the
-// queue's both at queueChanged() and when the event loop has come to rest.
+// bench_memory ours: what a row of the library and an entry of the queue keep of the heap, in lists of
+// 20,000; the queue's both at queueChanged() and when the event loop has come to rest.
 
 namespace {
 

@@ -8,11 +8,11 @@
 #include "player/Reclaimer.h"
 
 #include <QCoreApplication>
-#include <QJsonDocument>
 #include <QQmlEngine>
 
-// bench_queue ours|peer|text [ENTRIES]: from the text of a tracklist to queueChanged(), or through Qt's parser alone.
-// "text" writes that text for the client in JavaScript, to which the wall times of "ours" are compared.
+// bench_queue ours|peer|text [ENTRIES]: from the text of a tracklist to queueChanged(), or through Qt's
+// parser alone. "text" writes that text for the client in JavaScript, to which the wall times of "ours" are
+// compared.
 
 namespace {
 
@@ -28,15 +28,6 @@ double toQueueChanged(const QString &text, int entries, double (*clock)())
     if (changed < before || player->queueTlid().size() != entries)
         qFatal("the queue has not arrived");
     return changed - before;
-}
-
-double parseAlone(const QByteArray &bytes)
-{
-    QJsonDocument document;
-    const double elapsed = Measurement::timed([&] { document = QJsonDocument::fromJson(bytes); });
-    if (!document.isObject())
-        qFatal("the parser has refused the text");
-    return elapsed;
 }
 
 } // namespace
@@ -59,7 +50,8 @@ int main(int argc, char **argv)
         return 1e3 * Measurement::medianOfTurns([&] { return toQueueChanged(text, entries, clock); });
     };
     if (call.isPeer()) {
-        call.report(name, 1e3 * Measurement::medianOfTurns([&] { return parseAlone(bytes); }), "ms");
+        call.report(name, 1e3 * Measurement::medianOfTurns([&] { return Answers::secondsOfParser(bytes); }),
+                    "ms");
     } else {
         call.report(name, measure(Measurement::threadSeconds), "ms");
         call.report(name + "-wall", measure(Measurement::wallSeconds), "ms");

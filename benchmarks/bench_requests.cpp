@@ -9,7 +9,8 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 
-// bench_requests ours PORT: 2,000 requests to the server on that port, one after another and then all at once.
+// bench_requests ours PORT: 2,000 requests to the server on that port, one after another and then all at
+// once.
 
 namespace {
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 
 #include "Answers.h"
+#include "Frames.h"
 #include "Measurement.h"
 
 #include "images/AsyncImageProvider.h"
@@ -11,19 +12,18 @@
 #include "plugin/TypeRegistry.h"
 #include "screens/Theme.h"
 
-#include <QEventLoop>
 #include <QFont>
 #include <QGuiApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QQmlContext>
 #include <QQmlEngine>
-#include <QQuickView>
 
 #include <atomic>
 
-// bench_scroll ours|peer: 10,000 rows moved by 25 pixels a frame, in the client's list and in a bare one, over the same
-// songs and pictures: for each frame what the main thread works, and how long the drawing thread takes to show it.
+// bench_scroll ours|peer: 10,000 rows moved by 25 pixels a frame, in the client's list and in a bare one,
+// over the same songs and pictures: for each frame what the main thread works, and how long the drawing
+// thread takes to show it.
 
 namespace {
 
@@ -72,14 +72,6 @@ QQuickItem *listIn(QQuickItem *root)
             return list;
     }
     return nullptr;
-}
-
-void untilFrame(QQuickView *view)
-{
-    QEventLoop loop;
-    QObject::connect(view, &QQuickWindow::frameSwapped, &loop, &QEventLoop::quit, Qt::QueuedConnection);
-    view->update();
-    loop.exec();
 }
 
 /// The time of the drawing thread from the taking over of a frame to its show, for the last frame.

@@ -1,27 +1,22 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
+#include "ServerLife.h"
+
 #include "simulator/Catalogue.h"
 #include "simulator/DeviceSimulator.h"
 #include "simulator/MusicServerSimulator.h"
 
 #include <QGuiApplication>
-#include <QSocketNotifier>
-#include <QTimer>
 
-#include <cstdio>
-
-#include <unistd.h>
-
-// busy_house: a device with eight outputs and eight sources, each with a music server that plays one track that ends
-// after the measurement. Writes the device's port; then, for each line of standard input, how many of the players have
-// asked for their position since the one before. Ends with its standard input, after ten minutes at the latest.
+// busy_house: a device with eight outputs and eight sources, each with a music server that plays one track
+// that ends after the measurement. Writes the device's port; then, for each line of standard input, how many
+// of the players have asked for their position since the one before. Ends with its standard input, after ten
+// minutes at the latest.
 
 namespace {
 
 constexpr int players = 8;
-constexpr int longestLife = 600 * 1000; // milliseconds
-
 QList<MusicServerSimulator *> startPlaying(QObject *parent, DeviceState *state)
 {
     QList<MusicServerSimulator *> servers;
@@ -30,7 +25,7 @@ QList<MusicServerSimulator *> startPlaying(QObject *parent, DeviceState *state)
         if (!server->listen())
             qFatal("no port to listen on");
         CatalogueTrack track = server->catalogue().track(i);
-        track.lengthMs = longestLife;
+        track.lengthMs = ServerLife::longest;
         server->tracklist()->add({track});
         server->playback()->play();
         SourceState source;
@@ -56,12 +51,6 @@ int askers(const QList<MusicServerSimulator *> &servers)
     return asking;
 }
 
-void say(int number)
-{
-    std::printf("%d\n", number);
-    std::fflush(stdout);
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -74,15 +63,6 @@ int main(int argc, char **argv)
     device.setState(state);
     if (!device.listen())
         qFatal("no port to listen on");
-    say(device.port());
-    QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
-    QObject::connect(&input, &QSocketNotifier::activated, &application, [&] {
-        char line[16];
-        if (read(STDIN_FILENO, line, sizeof line) > 0)
-            say(askers(servers));
-        else
-            QCoreApplication::quit();
-    });
-    QTimer::singleShot(longestLife, &application, &QCoreApplication::quit);
-    return QCoreApplication::exec();
+    ServerLife::tell(device.port());
+    return ServerLife::run([&] { ServerLife::tell(askers(servers)); });
 }

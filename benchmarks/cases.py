@@ -3,6 +3,7 @@
 
 """The cases: what is run for each side, and what is compared in it."""
 
+import subprocess
 from dataclasses import dataclass
 from typing import Callable, List, Optional
 
@@ -55,7 +56,6 @@ def queue(entries):
     def peer():
         text = BUILD / f"queue-{entries}.json"
         if not text.exists():
-            import subprocess
             text.write_bytes(subprocess.check_output([PROGRAMS / "bench_queue", "text", str(entries)]))
         return told(PROGRAMS / "bench_queue", "peer", entries) | told("node", CLIENT, "queue", text)
 

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
+#include "ServerLife.h"
+
 #include "simulator/ArtworkServer.h"
 #include "simulator/Catalogue.h"
 #include "simulator/CoverPainter.h"
@@ -8,15 +10,9 @@
 #include <QBuffer>
 #include <QGuiApplication>
 #include <QImage>
-#include <QSocketNotifier>
-#include <QTimer>
 
-#include <cstdio>
-
-#include <unistd.h>
-
-// cover_server: covers of 600 by 600 over HTTP on 127.0.0.1, at "/covers/0.jpg" to "/covers/219.jpg". Writes its port, and
-// ends with its standard input, after ten minutes at the latest.
+// cover_server: covers of 600 by 600 over HTTP on 127.0.0.1, at "/covers/0.jpg" to "/covers/219.jpg". Writes
+// its port, and ends with its standard input, after ten minutes at the latest.
 
 namespace {
 
@@ -46,17 +42,12 @@ void fill(ArtworkServer *server)
 
 int main(int argc, char **argv)
 {
-    constexpr int longestLife = 600 * 1000; // milliseconds
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     ArtworkServer server;
     fill(&server);
     if (!server.listen())
         qFatal("no port to listen on");
-    std::printf("%d\n", int(server.port()));
-    std::fflush(stdout);
-    QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
-    QObject::connect(&input, &QSocketNotifier::activated, &application, [] { QCoreApplication::quit(); });
-    QTimer::singleShot(longestLife, &application, &QCoreApplication::quit);
-    return QCoreApplication::exec();
+    ServerLife::tell(server.port());
+    return ServerLife::run();
 }

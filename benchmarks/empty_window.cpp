@@ -5,7 +5,8 @@
 #include <QQmlApplicationEngine>
 #include <QTimer>
 
-// empty_window: what any program of the host's modules costs until it shows something. Ends by itself after a minute.
+// empty_window: what any program of the host's modules costs until it shows something. Ends by itself after a
+// minute.
 
 int main(int argc, char **argv)
 {

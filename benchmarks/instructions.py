@@ -1,8 +1,8 @@
 # SPDX-FileCopyrightText: The Halvora client authors
 # SPDX-License-Identifier: Apache-2.0
 
-"""Counts of instructions, by callgrind. They repeat exactly on one machine with the same packages, and so show growth that
-no time would."""
+"""Counts of instructions, by callgrind. They repeat exactly on one machine with the same packages, and so show
+growth that no time would."""
 
 import json
 import os

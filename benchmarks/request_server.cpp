@@ -1,24 +1,19 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
+#include "ServerLife.h"
+
 #include <QCoreApplication>
 #include <QCryptographicHash>
-#include <QSocketNotifier>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTimer>
 #include <QtEndian>
 
-#include <cstdio>
-
-#include <unistd.h>
-
-// request_server: a WebSocket on 127.0.0.1 that answers every request with the number 3, in as little time as it can, so
-// that what is measured is its client. Writes its port, and ends with its standard input, after ten minutes at the latest.
+// request_server: a WebSocket on 127.0.0.1 that answers every request with the number 3, in as little time as
+// it can, so that what is measured is its client. Writes its port, and ends with its standard input, after
+// ten minutes at the latest.
 
 namespace {
-
-constexpr int longestLife = 600 * 1000; // milliseconds
 
 /// One client: the handshake, then frames below 64 KiB in, and answers out, one write for each read.
 class Client final : public QObject
@@ -53,8 +48,8 @@ private:
         const QByteArray header = QByteArrayLiteral("sec-websocket-key:");
         const int at = m_input.toLower().indexOf(header) + header.size();
         const QByteArray key = m_input.mid(at, m_input.indexOf('\r', at) - at).trimmed();
-        const QByteArray digest =
-            QCryptographicHash::hash(key + "258EAFA5-E914-47DA-95CA-C5AB0DC85B11", QCryptographicHash::Sha1);
+        const QByteArray digest = QCryptographicHash::hash(key + "258EAFA5-E914-47DA-95CA-C5AB0DC85B11",
+                                                           QCryptographicHash::Sha1);
         m_socket->write("HTTP/1.1 101 Switching Protocols\r\nUpgrade: websocket\r\nConnection: Upgrade\r\n"
                         "Sec-WebSocket-Accept: "
                         + digest.toBase64() + "\r\n\r\n");
@@ -100,8 +95,8 @@ private:
         const QByteArray result = request.contains("core.describe")
             ? QByteArrayLiteral(R"({"core.tracklist.index":{"description":"","params":[]}})")
             : QByteArrayLiteral("3");
-        const QByteArray text =
-            R"({"jsonrpc":"2.0","id":)" + request.mid(id, end - id) + R"(,"result":)" + result + '}';
+        const QByteArray text = R"({"jsonrpc":"2.0","id":)" + request.mid(id, end - id) + R"(,"result":)"
+            + result + '}';
         *answers += char(0x81);
         *answers += char(text.size()); // below 126
         *answers += text;
@@ -124,10 +119,6 @@ int main(int argc, char **argv)
     });
     if (!server.listen(QHostAddress::LocalHost))
         qFatal("no port to listen on");
-    std::printf("%d\n", int(server.serverPort()));
-    std::fflush(stdout);
-    QSocketNotifier input(STDIN_FILENO, QSocketNotifier::Read);
-    QObject::connect(&input, &QSocketNotifier::activated, &application, [] { QCoreApplication::quit(); });
-    QTimer::singleShot(longestLife, &application, &QCoreApplication::quit);
-    return QCoreApplication::exec();
+    ServerLife::tell(server.serverPort());
+    return ServerLife::run();
 }

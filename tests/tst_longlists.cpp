@@ -12,7 +12,8 @@
 #include <QSignalSpy>
 #include <QtTest>
 
-// Long lists are read from their text. What comes out, and what is dropped, is what Qt's parser makes of the same text.
+// Long lists are read from their text. What comes out, and what is dropped, is what Qt's parser makes of the
+// same text.
 
 namespace {
 
@@ -62,8 +63,8 @@ void release(const LibraryRows &rows)
 // A reply whose list is long enough to be read from its text: an entry that counts, and many that do not.
 QString reply(const QString &head, const QString &result)
 {
-    return head + ",\"result\":["_s + result + ",{\"tlid\":9,\"padding\":\""_s + QString(5000, QLatin1Char('p'))
-        + "\"}]}"_s;
+    return head + ",\"result\":["_s + result + ",{\"tlid\":9,\"padding\":\""_s
+        + QString(5000, QLatin1Char('p')) + "\"}]}"_s;
 }
 
 const QString entries = R"([{"tlid":1,"track":%1},{"tlid":2,"track":{"name":"B","uri":"u:2"}}])"_s;
@@ -99,9 +100,12 @@ void LongLists::isReadAsQtReadsIt_data()
     QTest::newRow("no entry has a track") << R"([{"tlid":3},{}])"_s;
     QTest::newRow("a whole track") << entries.arg(track);
     QTest::newRow("spaces") << " [ { \"tlid\" : 7 ,\r\n\t\"track\" : { \"uri\" : \"u\" } } ] "_s;
-    QTest::newRow("escapes") << entries.arg(R"({"uri":"u:\/\\\"\b\f\n\r\t","name":"\u00e9\u4e2dx\uD83C\uDFB5"})"_s);
-    QTest::newRow("escapes in details") << entries.arg(R"({"uri":"u","album":{"name":"\u00e9\"","uri":"al"}})"_s);
-    QTest::newRow("letters of all planes") << entries.arg(QString::fromUtf8("{\"uri\":\"ü\",\"name\":\"中🎵\uE000\uFFFD\"}"));
+    QTest::newRow("escapes") << entries.arg(
+        R"({"uri":"u:\/\\\"\b\f\n\r\t","name":"\u00e9\u4e2dx\uD83C\uDFB5"})"_s);
+    QTest::newRow("escapes in details")
+        << entries.arg(R"({"uri":"u","album":{"name":"\u00e9\"","uri":"al"}})"_s);
+    QTest::newRow("letters of all planes")
+        << entries.arg(QString::fromUtf8("{\"uri\":\"ü\",\"name\":\"中🎵\uE000\uFFFD\"}"));
     QTest::newRow("no name") << entries.arg(R"({"uri":"u","name":null})"_s);
     QTest::newRow("an empty track") << entries.arg("{}"_s);
     QTest::newRow("a podcast") << entries.arg(
@@ -109,7 +113,8 @@ void LongLists::isReadAsQtReadsIt_data()
     QTest::newRow("numbers and words") << entries.arg(
         R"({"uri":"u","a":0,"b":-1.50,"c":true,"d":false,"e":null,"f":[[],{}],"g":123456789012345678})"_s);
     QTest::newRow("a number twice") << R"([{"tlid":5,"track":{"uri":"a"}},{"tlid":5,"track":{"uri":"b"}}])"_s;
-    QTest::newRow("numbers out of order") << R"([{"tlid":5,"track":{"uri":"a"}},{"track":{"uri":"b"},"tlid":4}])"_s;
+    QTest::newRow("numbers out of order")
+        << R"([{"tlid":5,"track":{"uri":"a"}},{"track":{"uri":"b"},"tlid":4}])"_s;
 }
 
 void LongLists::isReadAsQtReadsIt()
@@ -130,14 +135,16 @@ void LongLists::rowsAreReadAsQtReadsThem_data()
     QTest::newRow("nothing") << "[]"_s;
     QTest::newRow("types in turn") << R"([{"type":"track","uri":"t:1","name":"A"},{"uri":"al","type":"album"},
         {"type":"track","uri":"t:2","name":"\u00c9"},{"type":"directory","uri":"d","name":"D","x":[{"type":"album"}]}])"_s;
-    QTest::newRow("no row") << R"([{"type":"unheard"},{"uri":"u"},{"type":null,"name":null,"uri":null},{}])"_s;
+    QTest::newRow("no row")
+        << R"([{"type":"unheard"},{"uri":"u"},{"type":null,"name":null,"uri":null},{}])"_s;
 }
 
 void LongLists::rowsAreReadAsQtReadsThem()
 {
     QFETCH(QString, text);
     for (const bool isPlaylist : {false, true}) {
-        const auto ours = isPlaylist ? LibraryRows::fromPlaylist(whole(text)) : LibraryRows::fromDirectory(whole(text));
+        const auto ours = isPlaylist ? LibraryRows::fromPlaylist(whole(text))
+                                     : LibraryRows::fromDirectory(whole(text));
         const LibraryRows qts = isPlaylist ? LibraryRows::fromPlaylist(json(text))
                                            : LibraryRows::fromDirectory(json(text));
         QVERIFY(ours.has_value());
@@ -152,7 +159,8 @@ void LongLists::longReplyOnTheSocketMakesTheQueue_data()
     QTest::addColumn<QString>("head");
     QTest::addColumn<QString>("tail");
     QTest::newRow("as servers write") << R"({"jsonrpc": "2.0", "id": "%1")"_s << QString();
-    QTest::newRow("id first") << R"({"id":"%1","jsonrpc":"2.0")"_s << " \n"_s;
+    QTest::newRow("id first") << R"({"id":"%1","jsonrpc":"2.0")"_s
+                              << " \n"_s;
     QTest::newRow("no version") << R"({"id":"%1")"_s << QString();
     QTest::newRow("something else in front") << R"({"id":"%1","extra":[1])"_s << QString();
     QTest::newRow("a number for Qt alone in front") << R"({"extra":1e2,"id":"%1")"_s << QString();
@@ -197,9 +205,26 @@ void LongLists::isLeftToQt_data()
     QTest::newRow("a key twice") << R"([{"tlid":1,"track":{"uri":"u","uri":"v"}}])"_s;
     QTest::newRow("a track twice") << R"([{"tlid":1,"track":{"uri":"u"},"track":{"uri":"v"}}])"_s;
     QTest::newRow("a number's key twice") << R"([{"tlid":1,"tlid":2,"track":{"uri":"u"}}])"_s;
-    for (const char *value : {R"("\u00g0")", R"("\ud83c")", R"("\udfb5x")", R"("\u0000")", R"("\x")", R"("\)", "\"\x01\"",
-                              "01", "-", "1.", "1e5", ".5", "+1", "1234567890123456789", "tru", "nulL", "{\"a\\u0062\":1}",
-                              "[1,]", "{1:2}", "\"open"})
+    for (const char *value : {R"("\u00g0")",
+                              R"("\ud83c")",
+                              R"("\udfb5x")",
+                              R"("\u0000")",
+                              R"("\x")",
+                              R"("\)",
+                              "\"\x01\"",
+                              "01",
+                              "-",
+                              "1.",
+                              "1e5",
+                              ".5",
+                              "+1",
+                              "1234567890123456789",
+                              "tru",
+                              "nulL",
+                              "{\"a\\u0062\":1}",
+                              "[1,]",
+                              "{1:2}",
+                              "\"open"})
         QTest::newRow(value) << entries.arg("{\"uri\":\"u\",\"x\":"_s + QString::fromLatin1(value) + "}"_s);
     QTest::newRow("half a pair") << entries.arg("{\"uri\":\""_s + QChar(0xd83c) + "\"}"_s);
     QTest::newRow("the other half") << entries.arg("{\"uri\":\""_s + QChar(0xdfb5) + "\"}"_s);
@@ -221,7 +246,8 @@ void LongLists::isLeftToQt()
 
 void LongLists::rowsAreLeftToQt()
 {
-    for (const QString &text : {"{}"_s, "[1]"_s, R"([{"type":"track","uri":"u"},{"type":3}])"_s, R"([{"uri":"u"})"_s}) {
+    for (const QString &text :
+         {"{}"_s, "[1]"_s, R"([{"type":"track","uri":"u"},{"type":3}])"_s, R"([{"uri":"u"})"_s}) {
         QVERIFY2(!LibraryRows::fromDirectory(whole(text)), qPrintable(text));
         QVERIFY2(!LibraryRows::fromPlaylist(whole(text)), qPrintable(text));
     }

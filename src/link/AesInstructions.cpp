@@ -5,9 +5,9 @@
 
 #if defined(Q_PROCESSOR_X86) && (defined(Q_CC_GNU) || defined(Q_CC_CLANG))
 
-#    include <immintrin.h>
+#include <immintrin.h>
 
-#    define HALVORA_WITH_AES __attribute__((target("aes,ssse3")))
+#define HALVORA_WITH_AES __attribute__((target("aes,ssse3")))
 
 namespace {
 
@@ -58,8 +58,8 @@ bool AesInstructions::areThere()
     return there;
 }
 
-HALVORA_WITH_AES void AesInstructions::encryptCbc(const quint32 *schedule, const char *vector, const char *from,
-                                                  char *to, int blocks)
+HALVORA_WITH_AES void AesInstructions::encryptCbc(const quint32 *schedule, const char *vector,
+                                                  const char *from, char *to, int blocks)
 {
     const Keys keys = forward(schedule);
     __m128i chain = load(vector);
@@ -72,8 +72,8 @@ HALVORA_WITH_AES void AesInstructions::encryptCbc(const quint32 *schedule, const
     }
 }
 
-HALVORA_WITH_AES void AesInstructions::decryptCbc(const quint32 *schedule, const char *vector, const char *from,
-                                                  char *to, int blocks)
+HALVORA_WITH_AES void AesInstructions::decryptCbc(const quint32 *schedule, const char *vector,
+                                                  const char *from, char *to, int blocks)
 {
     const Keys keys = backward(schedule);
     __m128i chain = load(vector);

@@ -124,7 +124,8 @@ std::optional<LibraryRows> rowsFrom(const JsonText &answer, MakerFor makerFor)
     reader.enterArray();
     while (reader.nextElement()) {
         QString texts[3];
-        if (reader.readTexts({QLatin1String("uri", 3), QLatin1String("name", 4), QLatin1String("type", 4)}, texts))
+        if (reader.readTexts({QLatin1String("uri", 3), QLatin1String("name", 4), QLatin1String("type", 4)},
+                             texts))
             sorter.add({texts[0], texts[1], texts[2]});
     }
     if (reader.isComplete())

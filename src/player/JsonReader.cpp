@@ -17,7 +17,8 @@ bool isDigit(QChar c)
 
 bool isSpace(QChar c)
 {
-    return c == QLatin1Char(' ') || c == QLatin1Char('\n') || c == QLatin1Char('\r') || c == QLatin1Char('\t');
+    return c == QLatin1Char(' ') || c == QLatin1Char('\n') || c == QLatin1Char('\r')
+        || c == QLatin1Char('\t');
 }
 
 // A character of a text that stands for itself and needs no second look.
@@ -96,7 +97,9 @@ QString unescaped(const QChar *from, const QChar *end)
 } // namespace
 
 JsonReader::JsonReader(const JsonText &text)
-    : m_message(text.message), m_begin(m_message.constData()), m_at(m_begin + text.begin),
+    : m_message(text.message),
+      m_begin(m_message.constData()),
+      m_at(m_begin + text.begin),
       m_end(m_begin + text.end)
 {
 }

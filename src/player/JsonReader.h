@@ -8,13 +8,13 @@
 #include <QStringView>
 
 /**
- * Reads one value of a long JSON message in a single pass, without building anything of what is not wanted. A value for
- * the stack of one function, on any thread.
+ * Reads one value of a long JSON message in a single pass, without building anything of what is not wanted. A
+ * value for the stack of one function, on any thread.
  *
- * It knows plain messages alone, those that servers write, and fails on everything else: on what is no JSON, and also on
- * keys with escapes, control characters, halves of surrogate pairs, numbers with exponents or of more than 18 digits, and
- * nests of more than 32 levels. What it does not fail on, Qt's parser reads alike; what it fails on is Qt's to judge. A
- * reader that has failed stays so, and every call then gives false.
+ * It knows plain messages alone, those that servers write, and fails on everything else: on what is no JSON,
+ * and also on keys with escapes, control characters, halves of surrogate pairs, numbers with exponents or of
+ * more than 18 digits, and nests of more than 32 levels. What it does not fail on, Qt's parser reads alike;
+ * what it fails on is Qt's to judge. A reader that has failed stays so, and every call then gives false.
  */
 class JsonReader final
 {
@@ -33,7 +33,8 @@ public:
     bool readText(QString *text);
     /// Reads a whole number of at most nine digits.
     bool readNumber(int *number);
-    /// Reads the texts under some keys of the object that comes next, null where there is none, and passes over the rest.
+    /// Reads the texts under some keys of the object that comes next, null where there is none, and passes
+    /// over the rest.
     template<int count>
     bool readTexts(const QLatin1String (&keys)[count], QString (&texts)[count])
     {

@@ -6,8 +6,8 @@
 #include <QString>
 
 /**
- * One value of a JSON message as it was written, not read yet. A value that shares the message's memory, for as long as it
- * lives; for any thread.
+ * One value of a JSON message as it was written, not read yet. A value that shares the message's memory, for
+ * as long as it lives; for any thread.
  */
 struct JsonText
 {

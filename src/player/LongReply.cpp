@@ -5,8 +5,8 @@
 
 #include "player/JsonReader.h"
 
-#include <QMetaObject>
 #include <QMetaMethod>
+#include <QMetaObject>
 
 namespace {
 
@@ -55,7 +55,8 @@ bool LongReply::deliverTo(QObject *receiver, const char *handler) const
     const QMetaMethod method = receiver->metaObject()->method(index);
     bool read = false;
     if (withId)
-        method.invoke(receiver, Qt::DirectConnection, Q_RETURN_ARG(bool, read), Q_ARG(int, id), Q_ARG(JsonText, result));
+        method.invoke(receiver, Qt::DirectConnection, Q_RETURN_ARG(bool, read), Q_ARG(int, id),
+                      Q_ARG(JsonText, result));
     else
         method.invoke(receiver, Qt::DirectConnection, Q_RETURN_ARG(bool, read), Q_ARG(JsonText, result));
     return read;
