@@ -3,44 +3,110 @@
 
 #pragma once
 
+#include <QByteArray>
 #include <QVector>
 
 #include <algorithm>
 #include <cstdio>
+#include <ctime>
 #include <functional>
 
+#include <sys/resource.h>
+
 /**
- * Two ways to do the same work, measured in one run, turn by turn: times alone mean nothing on a shared machine.
- * Each way measures itself and gives its milliseconds, so that it can prepare and check outside of the time.
+ * What the programs of this folder share: clocks, the turns of one run, and the line that tells its result.
+ *
+ * A program does one side of a case once and writes one JSON object a line for each value. Who runs it takes
+ * turns with the other side, and compares.
  */
 namespace Measurement {
 
-using Way = std::function<double()>;
-
-constexpr int turns = 15;
-
-inline double quantile(QVector<double> values, double part)
+/// Seconds of a clock of this process.
+inline double seconds(clockid_t clock)
 {
-    std::sort(values.begin(), values.end());
-    return values.at(int(part * (values.size() - 1)));
+    timespec now{};
+    clock_gettime(clock, &now);
+    return double(now.tv_sec) + double(now.tv_nsec) / 1e9;
 }
 
-/// Runs both and writes one line: medians, the median of the ratios of a turn and the distance of their quartiles.
-/// True when the ratio is within the goal.
-inline bool compare(const char *name, const Way &ours, const Way &peer, double goal)
+inline double wallSeconds()
 {
-    QVector<double> times[2];
-    QVector<double> ratios;
-    for (int turn = 0; turn < turns; ++turn) {
-        times[0].append(ours());
-        times[1].append(peer());
-        ratios.append(times[0].constLast() / times[1].constLast());
+    return seconds(CLOCK_MONOTONIC);
+}
+
+/// Of the calling thread, so that what else the machine does hardly shows.
+inline double threadSeconds()
+{
+    return seconds(CLOCK_THREAD_CPUTIME_ID);
+}
+
+/// Of all threads of the process.
+inline double processSeconds()
+{
+    return seconds(CLOCK_PROCESS_CPUTIME_ID);
+}
+
+/// The most memory that the process has had, in MiB.
+inline double peakMebibytes()
+{
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return double(usage.ru_maxrss) / 1024;
+}
+
+inline double median(QVector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values.at(values.size() / 2);
+}
+
+/// Does the work and gives its seconds by `clock`. Not inlined, as the counter of instructions counts in here
+/// alone.
+[[gnu::noinline]] inline double timed(const std::function<void()> &work, double (*clock)() = threadSeconds)
+{
+    const double before = clock();
+    work();
+    return clock() - before;
+}
+
+/// The arguments of a program: the side, and numbers behind it. A number that is missing is the given one.
+class Call final
+{
+public:
+    Call(int argc, char **argv) : m_arguments(argv + 1, argv + argc) { }
+
+    bool isPeer() const { return text(0) == "peer"; }
+    QByteArray text(int place) const { return m_arguments.value(place); }
+    int number(int place, int otherwise) const
+    {
+        return place < m_arguments.size() ? m_arguments.at(place).toInt() : otherwise;
     }
-    const double ratio = quantile(ratios, 0.5);
-    std::printf("%-34s %9.2f ms %9.2f ms   %5.2f +- %.2f   at most %.2f   %s\n", name,
-                quantile(times[0], 0.5), quantile(times[1], 0.5), ratio,
-                quantile(ratios, 0.75) - quantile(ratios, 0.25), goal, ratio <= goal ? "met" : "NOT MET");
-    return ratio <= goal;
+
+    /// Writes one value under the case's name.
+    void report(const QByteArray &name, double value, const char *unit) const
+    {
+        std::printf(R"({"case": "%s", "side": "%s", "value": %.9g, "unit": "%s"})"
+                    "\n",
+                    name.constData(), isPeer() ? "peer" : "ours", value, unit);
+        std::fflush(stdout);
+    }
+
+private:
+    QVector<QByteArray> m_arguments;
+};
+
+/// The median of some turns of one run; the first one only warms up. When instructions are counted, few will
+/// do.
+inline double medianOfTurns(const std::function<double()> &turn)
+{
+    int turns = 15;
+    if (qEnvironmentVariableIsSet("HALVORA_BENCH_TURNS"))
+        turns = qMax(1, qEnvironmentVariableIntValue("HALVORA_BENCH_TURNS"));
+    QVector<double> values;
+    turn();
+    for (int i = 0; i < turns; ++i)
+        values.append(turn());
+    return median(values);
 }
 
 } // namespace Measurement

@@ -3,9 +3,12 @@
 
 #include "link/Aes128.h"
 
+#include "link/AesInstructions.h"
+
 #include <QtEndian>
 
 #include <array>
+#include <atomic>
 
 namespace {
 
@@ -178,6 +181,13 @@ Block transformed(Block state, const Schedule &schedule, const std::array<std::a
     return added(last, roundKey(schedule, rounds));
 }
 
+std::atomic<bool> byTablesAlone{false};
+
+bool byInstructions()
+{
+    return AesInstructions::areThere() && !byTablesAlone;
+}
+
 bool wellFormed(const QByteArray &data, const QByteArray &key, const QByteArray &vector)
 {
     return data.size() % Aes128::blockSize == 0 && key.size() == Aes128::blockSize
@@ -192,6 +202,11 @@ QByteArray Aes128::encryptCbc(const QByteArray &data, const QByteArray &key, con
         return {};
     const Schedule schedule = expanded(key);
     QByteArray result(data.size(), Qt::Uninitialized);
+    if (byInstructions()) {
+        AesInstructions::encryptCbc(schedule.data(), vector.constData(), data.constData(), result.data(),
+                                    data.size() / blockSize);
+        return result;
+    }
     Block chain = load(vector.constData());
     for (int at = 0; at < data.size(); at += blockSize) {
         chain = transformed<1>(added(load(data.constData() + at), chain), schedule, tables.forward,
@@ -205,8 +220,14 @@ QByteArray Aes128::decryptCbc(const QByteArray &data, const QByteArray &key, con
 {
     if (!wellFormed(data, key, vector))
         return {};
-    const Schedule schedule = inverted(expanded(key));
+    const Schedule forward = expanded(key);
     QByteArray result(data.size(), Qt::Uninitialized);
+    if (byInstructions()) {
+        AesInstructions::decryptCbc(forward.data(), vector.constData(), data.constData(), result.data(),
+                                    data.size() / blockSize);
+        return result;
+    }
+    const Schedule schedule = inverted(forward);
     Block chain = load(vector.constData());
     for (int at = 0; at < data.size(); at += blockSize) {
         const Block cipher = load(data.constData() + at);
@@ -215,4 +236,9 @@ QByteArray Aes128::decryptCbc(const QByteArray &data, const QByteArray &key, con
         chain = cipher;
     }
     return result;
+}
+
+void Aes128::useTablesForTests(bool alone)
+{
+    byTablesAlone = alone;
 }

@@ -81,7 +81,8 @@ void HalvoraConnSocket::socketError(QAbstractSocket::SocketError) { }
 
 void HalvoraConnSocket::socketReadStream()
 {
-    const QVector<QByteArray> frames = m_splitter.append(readAll());
+    // readAll() takes 16 KiB for whatever is there, and copies it.
+    const QVector<QByteArray> frames = m_splitter.append(read(bytesAvailable()));
     for (const QByteArray &frame : frames)
         processFrame(frame);
 }

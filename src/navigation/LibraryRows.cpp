@@ -5,6 +5,7 @@
 
 #include "navigation/SectionItems.h"
 #include "player/Album.h"
+#include "player/JsonReader.h"
 #include "player/Song.h"
 
 #include <QCborMap>
@@ -46,32 +47,92 @@ Make trackMakerOf(const QString &type)
     return type == QLatin1String("track") ? newSong : nullptr;
 }
 
-PlayerItem *rowFrom(const QCborMap &entry, const QString &type, Make make)
+struct Entry
+{
+    QString uri;
+    QString name;
+    QString type;
+};
+
+PlayerItem *rowFrom(const Entry &entry, const QString &type, Make make)
 {
     PlayerItem *item = make();
-    item->setUri(entry.value(QLatin1String("uri")).toString());
-    item->setName(entry.value(QLatin1String("name")).toString());
+    item->setUri(entry.uri);
+    item->setName(entry.name);
     item->setType(type);
     return item;
 }
 
-// Long lists are read as CBOR maps, which is how Qt keeps JSON objects.
-LibraryRows rowsFrom(const QJsonArray &entries, Make (*makerFor)(const QString &))
+Entry entryFrom(const QJsonValue &value)
 {
+    // As a CBOR map, which is how Qt keeps JSON objects.
+    const QCborMap entry = QCborMap::fromJsonObject(value.toObject());
+    return {entry.value(QLatin1String("uri")).toString(), entry.value(QLatin1String("name")).toString(),
+            entry.value(QLatin1String("type")).toString()};
+}
+
+using MakerFor = Make (*)(const QString &type);
+
+/// Puts entries into the sections of their types, as they come.
+class Sorter final
+{
+public:
+    explicit Sorter(MakerFor makerFor) : m_makerFor(makerFor) { }
+
+    void add(const Entry &entry)
+    {
+        if (!m_section || entry.type != m_type)
+            choose(entry.type);
+        // The section's own text, so that all rows share one.
+        if (m_make)
+            m_section->append(rowFrom(entry, m_type, m_make));
+    }
+
     LibraryRows rows;
-    for (const QJsonValue &value : entries) {
-        const QCborMap entry = QCborMap::fromJsonObject(value.toObject());
-        QString type = entry.value(QLatin1String("type")).toString();
+
+private:
+    void choose(const QString &type)
+    {
         auto section = rows.sections.find(type);
         if (section == rows.sections.end()) {
             rows.types.append(type);
             section = rows.sections.insert(type, new SectionItems);
         }
-        // The key's own text, so that all rows share one.
-        if (const Make make = makerFor(type))
-            section.value()->append(rowFrom(entry, section.key(), make));
+        m_section = section.value();
+        m_type = section.key();
+        m_make = m_makerFor(type);
     }
-    return rows;
+
+    MakerFor m_makerFor;
+    SectionItems *m_section = nullptr; // of the entry before
+    QString m_type;
+    Make m_make = nullptr;
+};
+
+LibraryRows rowsFrom(const QJsonArray &entries, MakerFor makerFor)
+{
+    Sorter sorter(makerFor);
+    for (const QJsonValue &value : entries)
+        sorter.add(entryFrom(value));
+    return sorter.rows;
+}
+
+std::optional<LibraryRows> rowsFrom(const JsonText &answer, MakerFor makerFor)
+{
+    JsonReader reader(answer);
+    Sorter sorter(makerFor);
+    reader.enterArray();
+    while (reader.nextElement()) {
+        QString texts[3];
+        if (reader.readTexts({QLatin1String("uri", 3), QLatin1String("name", 4), QLatin1String("type", 4)},
+                             texts))
+            sorter.add({texts[0], texts[1], texts[2]});
+    }
+    if (reader.isComplete())
+        return sorter.rows;
+    for (SectionItems *section : qAsConst(sorter.rows.sections))
+        section->release();
+    return std::nullopt;
 }
 
 struct ResultKind
@@ -90,7 +151,7 @@ SectionItems *sectionFrom(const QJsonArray &results, const QString &type)
 {
     auto *section = new SectionItems;
     for (const QJsonValue &value : results)
-        section->append(rowFrom(QCborMap::fromJsonObject(value.toObject()), type, makerOf(type)));
+        section->append(rowFrom(entryFrom(value), type, makerOf(type)));
     return section;
 }
 
@@ -104,6 +165,16 @@ LibraryRows LibraryRows::fromDirectory(const QJsonValue &v)
 LibraryRows LibraryRows::fromPlaylist(const QJsonValue &v)
 {
     return rowsFrom(v.toArray(), trackMakerOf);
+}
+
+std::optional<LibraryRows> LibraryRows::fromDirectory(const JsonText &answer)
+{
+    return rowsFrom(answer, makerOf);
+}
+
+std::optional<LibraryRows> LibraryRows::fromPlaylist(const JsonText &answer)
+{
+    return rowsFrom(answer, trackMakerOf);
 }
 
 LibraryRows LibraryRows::fromSearch(const QJsonValue &v)

@@ -3,9 +3,13 @@
 
 #pragma once
 
+#include "player/JsonText.h"
+
 #include <QHash>
 #include <QJsonValue>
 #include <QStringList>
+
+#include <optional>
 
 class PlayerItem;
 class SectionItems;
@@ -21,6 +25,9 @@ struct LibraryRows
     static LibraryRows fromDirectory(const QJsonValue &v);
     /// The entries of a playlist: tracks alone are rows.
     static LibraryRows fromPlaylist(const QJsonValue &v);
+    /// The same from the text of the answer; nothing when it is none that JsonReader reads.
+    static std::optional<LibraryRows> fromDirectory(const JsonText &answer);
+    static std::optional<LibraryRows> fromPlaylist(const JsonText &answer);
     /// The results of a search, one element for each of the server's backends. Of backends that answer the same type
     /// the last one's rows stand, once for each of them.
     static LibraryRows fromSearch(const QJsonValue &v);

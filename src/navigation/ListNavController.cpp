@@ -25,6 +25,11 @@ LibraryRows ListNavController::rowsOf(const QJsonValue &v) const
     return LibraryRows::fromDirectory(v);
 }
 
+std::optional<LibraryRows> ListNavController::rowsOf(const JsonText &result) const
+{
+    return LibraryRows::fromDirectory(result);
+}
+
 void ListNavController::expectRows(int responseId, BrowseListView *view)
 {
     m_pendingBrowse.insert(responseId, view);
@@ -81,6 +86,18 @@ void ListNavController::browseResultReceived(int responseId, QJsonValue v)
     const LibraryRows rows = rowsOf(v);
     view->setRowTypes(rows.types);
     view->setSections(rows.sections);
+}
+
+bool ListNavController::browseResultReceived(int responseId, const JsonText &result)
+{
+    BrowseListView *view = onStack(m_pendingBrowse.value(responseId));
+    const std::optional<LibraryRows> rows = view ? rowsOf(result) : std::nullopt;
+    if (!rows)
+        return false;
+    m_pendingBrowse.remove(responseId);
+    view->setRowTypes(rows->types);
+    view->setSections(rows->sections);
+    return true;
 }
 
 void ListNavController::applyDetails(int responseId, const QJsonValue &v, Update update)

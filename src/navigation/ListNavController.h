@@ -31,6 +31,8 @@ public:
 
     // Answers of the player. A value of the wrong type is an empty list, no change, or no position.
     Q_INVOKABLE void browseResultReceived(int responseId, QJsonValue v);
+    /// The same from the text of the answer. False, and nothing is changed, when it is none that JsonReader reads.
+    Q_INVOKABLE bool browseResultReceived(int responseId, const JsonText &result);
     Q_INVOKABLE void browseLookupReceived(int responseId, QJsonValue v);
     Q_INVOKABLE void browseImagesReceived(int responseId, QJsonValue v);
     /// Position of the current track, behind which what is to be played at once goes; it goes to the end of the queue
@@ -58,6 +60,7 @@ protected:
     void addAtPosition(int responseId, const QJsonValue &v, bool play);
     /// How this stack reads a list.
     virtual LibraryRows rowsOf(const QJsonValue &v) const;
+    virtual std::optional<LibraryRows> rowsOf(const JsonText &result) const;
 
 private:
     void expectDetails(int responseId, BrowseReference *reference);

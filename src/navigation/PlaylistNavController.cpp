@@ -93,6 +93,11 @@ LibraryRows PlaylistNavController::rowsOf(const QJsonValue &v) const
     return LibraryRows::fromPlaylist(v);
 }
 
+std::optional<LibraryRows> PlaylistNavController::rowsOf(const JsonText &result) const
+{
+    return LibraryRows::fromPlaylist(result);
+}
+
 void PlaylistNavController::requireLookup(int startIndex, int endIndex)
 {
     if (!player())

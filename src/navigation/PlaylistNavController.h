@@ -62,6 +62,7 @@ public Q_SLOTS:
 
 protected:
     LibraryRows rowsOf(const QJsonValue &v) const override;
+    std::optional<LibraryRows> rowsOf(const JsonText &result) const override;
 
 private:
     struct MenuAction;

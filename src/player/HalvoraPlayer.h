@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "player/JsonText.h"
 #include "player/PlayerItem.h"
 #include "player/Song.h"
 
@@ -32,7 +33,8 @@ class SocketHandler;
  *
  * Replies: an action that takes `rec` and `hdl` has the reply's "result" delivered to the invokable method of that
  * name, with (int responseId, QJsonValue) if the name begins with "browse" and with (QJsonValue) otherwise; an
- * error, which has no result, delivers an undefined value. `hdl` must be a literal. A receiver that is gone by
+ * error, which has no result, delivers an undefined value. A receiver that has an overload of that method with JsonText
+ * in place of QJsonValue gets long results unread; see LongReply. `hdl` must be a literal. A receiver that is gone by
  * then, or a reply that never comes, is no fault: nothing happens. Actions on a stopped player send nothing, and
  * what is sent while the connection is down is lost.
  */
@@ -136,6 +138,8 @@ public:
     Q_INVOKABLE void updateRandom(QJsonValue v);
     Q_INVOKABLE void updateRepeat(QJsonValue v);
     Q_INVOKABLE void updateQueue(QJsonValue v);
+    /// The same from the text of the result. False, and nothing is changed, when it is none that JsonReader reads.
+    Q_INVOKABLE bool updateQueue(const JsonText &result);
     Q_INVOKABLE void updateQueueImages(QJsonValue v);
     Q_INVOKABLE void updatePlaylists(QJsonValue v);
     Q_INVOKABLE void updatePlaylistJson(QJsonValue v);
@@ -231,6 +235,7 @@ private:
     int post(const QString &method, const QJsonObject &params, QObject *rec = nullptr, const char *hdl = "");
     QJsonObject newRequest(const QString &method);
     SocketHandler *sendRequest(const QJsonObject &request, QObject *rec, const char *hdl);
+    bool deliverUnread(const QString &message);
     void deliver(const SocketHandler &record, const QJsonObject &reply);
 
     // Events
@@ -242,6 +247,9 @@ private:
     void tracklistChanged(const QJsonObject &message);
     void playlistEvent(const QJsonObject &message);
 
+    // Queue
+    using Queue = QMap<int, Song *>;
+    void setQueue(const Queue &queue, const QStringList &uris);
     void completeSomeSongs();
     void savePlaylist(QJsonObject playlist, const QJsonArray &tracks);
 
@@ -270,7 +278,7 @@ private:
     QTimer m_errorRetry;
     Song *m_currentSong = nullptr;
     QPointer<Song> m_madeSong; // the last one that was made here; anybody may have set another since
-    QMap<int, Song *> m_queueMap;
+    Queue m_queueMap;
     QList<Song *> m_queueSnapshot;
     QTimer m_completion; // runs while songs of the queue are incomplete
     int m_nextToComplete = 0;

@@ -3,6 +3,7 @@
 
 #include "player/HalvoraPlayer.h"
 
+#include "player/LongReply.h"
 #include "player/PictureAddress.h"
 #include "player/PlayerTiming.h"
 #include "player/SocketHandler.h"
@@ -181,8 +182,28 @@ SocketHandler *HalvoraPlayer::sendRequest(const QJsonObject &request, QObject *r
     return kept;
 }
 
+// Long lists go to those who can read them as they come; everything else, and what they cannot read, goes the way below.
+bool HalvoraPlayer::deliverUnread(const QString &message)
+{
+    const std::optional<LongReply> reply = LongReply::of(message);
+    if (!reply)
+        return false;
+    const auto found = m_pendingHandlers.find(reply->id);
+    if (found == m_pendingHandlers.end() || !found->second->rec)
+        return false;
+    // As for all replies, the record is out of the table while the handler runs; it may dial anew.
+    std::unique_ptr<SocketHandler> record = std::move(found->second);
+    m_pendingHandlers.erase(found);
+    if (reply->deliverTo(record->rec, record->hdl))
+        return true;
+    m_pendingHandlers[reply->id] = std::move(record);
+    return false;
+}
+
 void HalvoraPlayer::socketMessageReceived(QString message)
 {
+    if (deliverUnread(message))
+        return;
     const QJsonDocument document = QJsonDocument::fromJson(message.toUtf8());
     if (!document.isObject())
         return;

@@ -3,6 +3,7 @@
 
 #include "player/HalvoraPlayer.h"
 
+#include "player/JsonReader.h"
 #include "player/Reclaimer.h"
 #include "player/SocketHandler.h"
 #include "player/TrackParser.h"
@@ -11,11 +12,72 @@
 
 // The mirror of the server's tracklist and what changes it.
 
+namespace {
+
+using Queue = QMap<int, Song *>;
+
+// Servers number in order, so each entry goes to the end of the map, or near it.
+void enter(Queue *queue, int tlid, Song *song)
+{
+    if (!queue->isEmpty() && queue->lastKey() >= tlid)
+        Reclaimer::drop(queue->value(tlid)); // a number twice
+    queue->insert(queue->cend(), tlid, song);
+}
+
+struct QueueEntry
+{
+    int tlid = 0;
+    Song *song = nullptr;
+};
+
+// What a key twice means is Qt's to judge.
+bool readEntry(JsonReader *reader, QueueEntry *entry)
+{
+    bool numbered = false;
+    QStringView key;
+    reader->enterObject();
+    while (reader->nextKey(&key)) {
+        bool read = false;
+        if (key == QLatin1String("tlid"))
+            read = !numbered && (numbered = reader->readNumber(&entry->tlid));
+        else if (key == QLatin1String("track"))
+            read = !entry->song && (entry->song = Song::read(reader));
+        else
+            read = reader->skip();
+        if (!read)
+            return false;
+    }
+    return !reader->hasFailed();
+}
+
+} // namespace
+
+bool HalvoraPlayer::updateQueue(const JsonText &result)
+{
+    JsonReader reader(result);
+    Queue queue;
+    QStringList uris;
+    reader.enterArray();
+    bool plain = true;
+    while (plain && reader.nextElement()) {
+        QueueEntry entry;
+        plain = readEntry(&reader, &entry);
+        if (!entry.song)
+            continue;
+        uris.append(entry.song->uri());
+        enter(&queue, entry.tlid, entry.song);
+    }
+    if (!plain || !reader.isComplete()) {
+        qDeleteAll(queue);
+        return false;
+    }
+    setQueue(queue, uris);
+    return true;
+}
+
 void HalvoraPlayer::updateQueue(QJsonValue v)
 {
-    const QList<Song *> former = m_queueMap.values();
-    m_queueMap.clear();
-    m_queueSnapshot.clear();
+    Queue queue;
     QStringList uris;
     const QJsonArray entries = v.toArray();
     for (const QJsonValue &value : entries) {
@@ -25,12 +87,16 @@ void HalvoraPlayer::updateQueue(QJsonValue v)
             continue;
         auto *song = new Song(track.toMap());
         uris.append(song->uri());
-        const int tlid = entry.value(QLatin1String("tlid")).toJsonValue().toInt();
-        // Servers number in order, so each entry goes to the end of the map, or near it.
-        if (!m_queueMap.isEmpty() && m_queueMap.lastKey() >= tlid)
-            Reclaimer::drop(m_queueMap.value(tlid)); // a number twice
-        m_queueMap.insert(m_queueMap.cend(), tlid, song);
+        enter(&queue, entry.value(QLatin1String("tlid")).toJsonValue().toInt(), song);
     }
+    setQueue(queue, uris);
+}
+
+void HalvoraPlayer::setQueue(const Queue &queue, const QStringList &uris)
+{
+    const QList<Song *> former = m_queueMap.values();
+    m_queueMap = queue;
+    m_queueSnapshot.clear();
     Q_EMIT queueChanged();
     Reclaimer::dropAll(former);
     m_nextToComplete = std::numeric_limits<int>::min();

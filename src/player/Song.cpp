@@ -3,22 +3,41 @@
 
 #include "player/Song.h"
 
+#include "player/JsonReader.h"
 #include "player/TrackParser.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
 
 Song::Song(QObject *parent) : PlayerItem(parent) { }
 
 Song::Song(const QCborMap &track)
     : PlayerItem(track.value(QLatin1String("uri")).toString(), track.value(QLatin1String("name")).toString()),
-      m_unread(track)
+      m_details(TrackParser::detailsOf(uri(), track))
 {
+}
+
+Song::Song(QString &&uri, QString &&name, const JsonText &unread)
+    : PlayerItem(std::move(uri), std::move(name)), m_unread(unread)
+{
+}
+
+Song *Song::read(JsonReader *reader)
+{
+    const int begin = reader->position();
+    QString texts[2];
+    if (!reader->readTexts({QLatin1String("uri", 3), QLatin1String("name", 4)}, texts))
+        return nullptr;
+    return new Song(std::move(texts[0]), std::move(texts[1]), reader->since(begin));
 }
 
 void Song::complete() const
 {
     if (m_unread.isEmpty())
         return;
-    m_details = TrackParser::detailsOf(uri(), m_unread);
-    m_unread = QCborMap();
+    const QJsonObject track = QJsonDocument::fromJson(m_unread.toUtf8()).object();
+    m_details = TrackParser::detailsOf(uri(), QCborMap::fromJsonObject(track));
+    m_unread = JsonText();
 }
 
 const SongDetails &Song::details() const

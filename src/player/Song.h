@@ -3,10 +3,13 @@
 
 #pragma once
 
+#include "player/JsonText.h"
 #include "player/PlayerItem.h"
 
 #include <QCborMap>
 #include <QStringList>
+
+class JsonReader;
 
 /// Album and artists of a track.
 struct SongDetails
@@ -21,7 +24,7 @@ struct SongDetails
 /**
  * One track: in the queue, in a list, or playing. Lifetime and thread as for PlayerItem.
  *
- * A song that is made from a server's track reads its album and artists when somebody asks for them, or when
+ * A song that is made from the text of a server's track reads its album and artists when somebody asks for them, or when
  * complete() is called: of a long queue, few rows are ever looked at before the next one replaces it.
  */
 class Song : public PlayerItem
@@ -39,6 +42,9 @@ public:
     explicit Song(QObject *parent = nullptr);
     /// A track as the server tells it, without a parent; no signal is emitted for what it begins with.
     explicit Song(const QCborMap &track);
+    /// The same from the text of a track that comes next, which the song shares until it is complete. Null when the
+    /// reader fails on it.
+    static Song *read(JsonReader *reader);
     /// Reads what is still unread, and lets go of the server's answer.
     void complete() const;
     /// Album and artists at once, as the five properties below.
@@ -77,8 +83,10 @@ Q_SIGNALS:
     void artistsStringChanged();
 
 private:
+    Song(QString &&uri, QString &&name, const JsonText &unread);
+
     int m_duration = 0;
     int m_currTime = 0;
     mutable SongDetails m_details; // to be read through details(), written behind complete()
-    mutable QCborMap m_unread;     // the track, until its album and artists have been read
+    mutable JsonText m_unread;     // the track, until its album and artists have been read
 };

@@ -25,10 +25,14 @@ MouseArea {
         visible: root.pressed
     }
 
-    OpacityMask {
+    // Made where it is wanted alone: a row of a list has a button, and this is most of it.
+    Loader {
         anchors.fill: parent
-        source: veil
-        maskSource: root.maskItem
-        visible: root.pressed && root.applyMask
+        active: root.applyMask
+        sourceComponent: OpacityMask {
+            source: veil
+            maskSource: root.maskItem
+            visible: root.pressed
+        }
     }
 }

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+import QtQuick 2.0
+
+// The peer of the client's list: each row has one text and one picture.
+ListView {
+    model: holder.allSortedItems
+    cacheBuffer: 1500
+    delegate: Item {
+        width: ListView.view.width
+        height: 75
+
+        Image {
+            x: 11
+            y: 11
+            width: 64
+            height: 64
+            source: "image://async/" + modelData.smallImgPath
+            fillMode: Image.PreserveAspectFit
+            cache: false
+        }
+
+        Text {
+            x: 85
+            y: 10
+            text: modelData.name
+            color: "white"
+            font.family: "Arial Unicode MS"
+            font.pixelSize: 17
+        }
+    }
+}

@@ -1,0 +1,281 @@
+// SPDX-FileCopyrightText: The Halvora client authors
+// SPDX-License-Identifier: Apache-2.0
+
+#include "navigation/LibraryRows.h"
+#include "navigation/SectionItems.h"
+#include "player/JsonReader.h"
+#include "support/Listed.h"
+#include "support/Studio.h"
+#include "support/Suite.h"
+
+#include <QJsonArray>
+#include <QSignalSpy>
+#include <QtTest>
+
+// Long lists are read from their text. What comes out, and what is dropped, is what Qt's parser makes of the
+// same text.
+
+namespace {
+
+JsonText whole(const QString &text)
+{
+    return {text, 0, text.size()};
+}
+
+QString describe(const PlayerItem *item)
+{
+    QStringList texts{item->uri(), item->name(), item->type()};
+    if (const auto *song = qobject_cast<const Song *>(item)) {
+        texts << song->albumUri() << song->album() << song->artistsUri() << song->artists()
+              << song->artistsString() << QString::number(song->duration());
+    }
+    return texts.join(QLatin1Char('|'));
+}
+
+QString describe(HalvoraPlayer *player)
+{
+    QStringList texts;
+    const QList<int> tlids = player->queueTlid();
+    const QList<Song *> songs = listed(player->queue());
+    for (int i = 0; i < songs.size(); ++i)
+        texts << QString::number(tlids.at(i)) + QLatin1Char(' ') + describe(songs.at(i));
+    return texts.join(QLatin1Char('\n'));
+}
+
+QString describe(const LibraryRows &rows)
+{
+    QStringList texts{rows.types};
+    for (const QString &type : rows.types) {
+        const SectionItems *section = rows.sections.value(type);
+        texts << section->itemUris;
+        for (const PlayerItem *item : section->items)
+            texts << describe(item);
+    }
+    return texts.join(QLatin1Char('\n'));
+}
+
+void release(const LibraryRows &rows)
+{
+    for (SectionItems *section : rows.sections)
+        section->release();
+}
+
+// A reply whose list is long enough to be read from its text: an entry that counts, and many that do not.
+QString reply(const QString &head, const QString &result)
+{
+    return head + ",\"result\":["_s + result + ",{\"tlid\":9,\"padding\":\""_s
+        + QString(5000, QLatin1Char('p')) + "\"}]}"_s;
+}
+
+const QString entries = R"([{"tlid":1,"track":%1},{"tlid":2,"track":{"name":"B","uri":"u:2"}}])"_s;
+
+} // namespace
+
+class LongLists final : public Suite
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // What works
+    void isReadAsQtReadsIt_data();
+    void isReadAsQtReadsIt();
+    void rowsAreReadAsQtReadsThem_data();
+    void rowsAreReadAsQtReadsThem();
+    void longReplyOnTheSocketMakesTheQueue_data();
+    void longReplyOnTheSocketMakesTheQueue();
+    void replyIsUsedOnce();
+
+    // What goes wrong
+    void isLeftToQt_data();
+    void isLeftToQt();
+    void rowsAreLeftToQt();
+    void brokenLongReplyChangesNothing_data();
+    void brokenLongReplyChangesNothing();
+};
+
+void LongLists::isReadAsQtReadsIt_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("nothing") << "[]"_s;
+    QTest::newRow("no entry has a track") << R"([{"tlid":3},{}])"_s;
+    QTest::newRow("a whole track") << entries.arg(track);
+    QTest::newRow("spaces") << " [ { \"tlid\" : 7 ,\r\n\t\"track\" : { \"uri\" : \"u\" } } ] "_s;
+    QTest::newRow("escapes") << entries.arg(
+        R"({"uri":"u:\/\\\"\b\f\n\r\t","name":"\u00e9\u4e2dx\uD83C\uDFB5"})"_s);
+    QTest::newRow("escapes in details")
+        << entries.arg(R"({"uri":"u","album":{"name":"\u00e9\"","uri":"al"}})"_s);
+    QTest::newRow("letters of all planes")
+        << entries.arg(QString::fromUtf8("{\"uri\":\"ü\",\"name\":\"中🎵\uE000\uFFFD\"}"));
+    QTest::newRow("no name") << entries.arg(R"({"uri":"u","name":null})"_s);
+    QTest::newRow("an empty track") << entries.arg("{}"_s);
+    QTest::newRow("a podcast") << entries.arg(
+        R"({"uri":"podcast+x","album":{"comment":"C","artists":[{"name":"A"}]},"artists":[{"name":"X"}]})"_s);
+    QTest::newRow("numbers and words") << entries.arg(
+        R"({"uri":"u","a":0,"b":-1.50,"c":true,"d":false,"e":null,"f":[[],{}],"g":123456789012345678})"_s);
+    QTest::newRow("a number twice") << R"([{"tlid":5,"track":{"uri":"a"}},{"tlid":5,"track":{"uri":"b"}}])"_s;
+    QTest::newRow("numbers out of order")
+        << R"([{"tlid":5,"track":{"uri":"a"}},{"track":{"uri":"b"},"tlid":4}])"_s;
+}
+
+void LongLists::isReadAsQtReadsIt()
+{
+    QFETCH(QString, text);
+    HalvoraPlayer ours;
+    HalvoraPlayer qts;
+    QSignalSpy changed(&ours, &HalvoraPlayer::queueChanged);
+    QVERIFY(ours.updateQueue(whole(text)));
+    qts.updateQueue(json(text));
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(describe(&ours), describe(&qts));
+}
+
+void LongLists::rowsAreReadAsQtReadsThem_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("nothing") << "[]"_s;
+    QTest::newRow("types in turn") << R"([{"type":"track","uri":"t:1","name":"A"},{"uri":"al","type":"album"},
+        {"type":"track","uri":"t:2","name":"\u00c9"},{"type":"directory","uri":"d","name":"D","x":[{"type":"album"}]}])"_s;
+    QTest::newRow("no row")
+        << R"([{"type":"unheard"},{"uri":"u"},{"type":null,"name":null,"uri":null},{}])"_s;
+}
+
+void LongLists::rowsAreReadAsQtReadsThem()
+{
+    QFETCH(QString, text);
+    for (const bool isPlaylist : {false, true}) {
+        const auto ours = isPlaylist ? LibraryRows::fromPlaylist(whole(text))
+                                     : LibraryRows::fromDirectory(whole(text));
+        const LibraryRows qts = isPlaylist ? LibraryRows::fromPlaylist(json(text))
+                                           : LibraryRows::fromDirectory(json(text));
+        QVERIFY(ours.has_value());
+        QCOMPARE(describe(*ours), describe(qts));
+        release(*ours);
+        release(qts);
+    }
+}
+
+void LongLists::longReplyOnTheSocketMakesTheQueue_data()
+{
+    QTest::addColumn<QString>("head");
+    QTest::addColumn<QString>("tail");
+    QTest::newRow("as servers write") << R"({"jsonrpc": "2.0", "id": "%1")"_s << QString();
+    QTest::newRow("id first") << R"({"id":"%1","jsonrpc":"2.0")"_s
+                              << " \n"_s;
+    QTest::newRow("no version") << R"({"id":"%1")"_s << QString();
+    QTest::newRow("something else in front") << R"({"id":"%1","extra":[1])"_s << QString();
+    QTest::newRow("a number for Qt alone in front") << R"({"extra":1e2,"id":"%1")"_s << QString();
+}
+
+void LongLists::longReplyOnTheSocketMakesTheQueue()
+{
+    QFETCH(QString, head);
+    QFETCH(QString, tail);
+    ConnectedStudio studio;
+    studio.say(R"({"event":"tracklist_changed"})"_s);
+    studio.say(reply(head.arg(0), R"({"tlid":4,"track":)"_s + track + "}"_s) + tail);
+    QCOMPARE(studio.player.queueTlid(), QList<int>{4});
+    QCOMPARE(describe(listed(studio.player.queue()).first()), "local:a|A||al:1|Al|ar:1|ar:3|X|Y|X, Y|0"_s);
+}
+
+void LongLists::replyIsUsedOnce()
+{
+    ConnectedStudio studio;
+    QSignalSpy changed(&studio.player, &HalvoraPlayer::queueChanged);
+    studio.say(R"({"event":"tracklist_changed"})"_s);
+    const QString text = reply(R"({"id":"0")"_s, R"({"tlid":4,"track":{"uri":"u"}})"_s);
+    studio.say(text);
+    studio.say(text);
+    QCOMPARE(changed.size(), 1);
+}
+
+void LongLists::isLeftToQt_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("no list") << "{}"_s;
+    QTest::newRow("an entry that is none") << "[3]"_s;
+    QTest::newRow("a track that is none") << R"([{"tlid":1,"track":[]}])"_s;
+    QTest::newRow("no end") << R"([{"tlid":1,"track":{"uri":"u"}})"_s;
+    QTest::newRow("more behind the end") << "[] []"_s;
+    QTest::newRow("a comma too many") << R"([{"tlid":1,"track":{"uri":"u",}}])"_s;
+    QTest::newRow("a comma too few") << R"([{"tlid":1 "track":{"uri":"u"}}])"_s;
+    QTest::newRow("a number that is a text") << R"([{"tlid":"1","track":{"uri":"u"}}])"_s;
+    QTest::newRow("a broken number") << R"([{"tlid":1.5,"track":{"uri":"u"}}])"_s;
+    QTest::newRow("a negative number") << R"([{"tlid":-1,"track":{"uri":"u"}}])"_s;
+    QTest::newRow("a long number") << R"([{"tlid":1234567890,"track":{"uri":"u"}}])"_s;
+    QTest::newRow("a key twice") << R"([{"tlid":1,"track":{"uri":"u","uri":"v"}}])"_s;
+    QTest::newRow("a track twice") << R"([{"tlid":1,"track":{"uri":"u"},"track":{"uri":"v"}}])"_s;
+    QTest::newRow("a number's key twice") << R"([{"tlid":1,"tlid":2,"track":{"uri":"u"}}])"_s;
+    for (const char *value : {R"("\u00g0")",
+                              R"("\ud83c")",
+                              R"("\udfb5x")",
+                              R"("\u0000")",
+                              R"("\x")",
+                              R"("\)",
+                              "\"\x01\"",
+                              "01",
+                              "-",
+                              "1.",
+                              "1e5",
+                              ".5",
+                              "+1",
+                              "1234567890123456789",
+                              "tru",
+                              "nulL",
+                              "{\"a\\u0062\":1}",
+                              "[1,]",
+                              "{1:2}",
+                              "\"open"})
+        QTest::newRow(value) << entries.arg("{\"uri\":\"u\",\"x\":"_s + QString::fromLatin1(value) + "}"_s);
+    QTest::newRow("half a pair") << entries.arg("{\"uri\":\""_s + QChar(0xd83c) + "\"}"_s);
+    QTest::newRow("the other half") << entries.arg("{\"uri\":\""_s + QChar(0xdfb5) + "\"}"_s);
+    QTest::newRow("no character") << entries.arg("{\"uri\":\""_s + QChar(0xffff) + "\"}"_s);
+    QTest::newRow("a deep nest") << entries.arg("{\"uri\":\"u\",\"x\":"_s + QString(40, QLatin1Char('['))
+                                                + QString(40, QLatin1Char(']')) + "}"_s);
+}
+
+void LongLists::isLeftToQt()
+{
+    QFETCH(QString, text);
+    HalvoraPlayer player;
+    QSignalSpy changed(&player, &HalvoraPlayer::queueChanged);
+    QVERIFY(player.updateQueue(whole(R"([{"tlid":8,"track":{"uri":"before"}}])"_s)));
+    QVERIFY(!player.updateQueue(whole(text)));
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(player.queueTlid(), QList<int>{8});
+}
+
+void LongLists::rowsAreLeftToQt()
+{
+    for (const QString &text :
+         {"{}"_s, "[1]"_s, R"([{"type":"track","uri":"u"},{"type":3}])"_s, R"([{"uri":"u"})"_s}) {
+        QVERIFY2(!LibraryRows::fromDirectory(whole(text)), qPrintable(text));
+        QVERIFY2(!LibraryRows::fromPlaylist(whole(text)), qPrintable(text));
+    }
+}
+
+void LongLists::brokenLongReplyChangesNothing_data()
+{
+    QTest::addColumn<QString>("text");
+    const QString head = R"({"jsonrpc":"2.0","id":"%1")"_s;
+    const QString entry = R"({"tlid":4,"track":{"uri":"u"}})"_s;
+    QTest::newRow("cut off") << reply(head.arg(0), entry).chopped(1);
+    QTest::newRow("more behind its end") << reply(head.arg(0), entry) + "x"_s;
+    QTest::newRow("a slip at the very end") << reply(head.arg(0), entry).replace("\"}]}"_s, "\",}]}"_s);
+    QTest::newRow("nobody waits for it") << reply(head.arg(77), entry);
+    QTest::newRow("an event") << reply(R"({"id":0)"_s, entry).replace("\"}]}"_s, "\"}],\"event\":\"x\"}"_s);
+}
+
+void LongLists::brokenLongReplyChangesNothing()
+{
+    QFETCH(QString, text);
+    ConnectedStudio studio;
+    QSignalSpy changed(&studio.player, &HalvoraPlayer::queueChanged);
+    studio.say(R"({"event":"tracklist_changed"})"_s);
+    studio.say(text);
+    QCOMPARE(changed.size(), 0);
+    studio.say(reply(R"({"id":"0")"_s, R"({"tlid":4,"track":{"uri":"u"}})"_s));
+    QCOMPARE(changed.size(), 1);
+}
+
+HALVORA_SUITE_MAIN(LongLists)
+#include "tst_longlists.moc"
