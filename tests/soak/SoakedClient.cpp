@@ -10,6 +10,8 @@
 #include "support/Waiting.h"
 
 #include <QQmlContext>
+#include <QQmlEngine>
+#include <QTest>
 
 namespace {
 
@@ -100,4 +102,15 @@ bool SoakedClient::goToQueue()
     }
     m_client.click(queueButton);
     return comesToRest("QueueView"_s, true);
+}
+
+// What is dropped is handed to the collector bit by bit, and what the collector frees may drop more.
+void SoakedClient::collectGarbage()
+{
+    for (int i = 0; i < 3; ++i) {
+        QTest::qWait(0);
+        m_client.view.engine()->collectGarbage();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
+    }
 }

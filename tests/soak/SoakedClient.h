@@ -23,6 +23,8 @@ public:
     /// Leaves the queue, walks into the library and back, and opens the playlists. False where a screen did not come.
     bool goToPlaylists();
     bool goToQueue(); ///< from there or from the player
+    /// Frees what nothing shows any more, which else waits for QML's collector.
+    void collectGarbage();
 
     HalvoraPlayer *player() const; ///< of the shown output; null before there is one
 
