@@ -108,7 +108,7 @@ bool SoakedClient::goToQueue()
 void SoakedClient::collectGarbage()
 {
     for (int i = 0; i < 3; ++i) {
-        QTest::qWait(0);
+        QTest::qWait(20);
         m_client.view.engine()->collectGarbage();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCoreApplication::processEvents();
