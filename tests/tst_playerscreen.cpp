@@ -152,6 +152,20 @@ QString albumLine(const CatalogueTrack &track)
     return track.albumName + " - "_s + artists(track);
 }
 
+// Whether nothing is left of the connections that Qt makes for each model of a list.
+bool isFreeOfItsModels(const QQuickItem *list)
+{
+    int models = 0;
+    for (QObject *model : list->children()) {
+        if (!model->inherits("QQmlDelegateModel"))
+            continue;
+        ++models;
+        if (model->disconnect(SIGNAL(delegateChanged()), list))
+            return false;
+    }
+    return models == 1;
+}
+
 // The title of the queue's row that is marked, and where the row is.
 QString markedRow(const ClientWindow &client)
 {
@@ -510,6 +524,7 @@ void PlayerScreenTest::queueFollowsThePlayer()
     QTRY_COMPARE(rows(client), QStringList());
     queue->add(tracks(client, 0, 2));
     QTRY_COMPARE(rows(client).size(), 2);
+    QVERIFY2(isFreeOfItsModels(client.item("ReloadedList"_s)), "each queue costs a connection");
 }
 
 void PlayerScreenTest::longQueueOpensAtItsSong()

@@ -76,7 +76,7 @@ SlidingPanel {
         }
     }
 
-    ListView {
+    ReloadedList {
         id: list
 
         onCurrentIndexChanged: positionViewAtIndex(currentIndex, ListView.Beginning)

@@ -70,7 +70,7 @@ SlidingPanel {
         anchors { fill: parent; topMargin: root.menuTop; leftMargin: 15; rightMargin: 15; bottomMargin: 15 }
         clip: true
 
-        ListView {
+        ReloadedList {
             id: menu
 
             anchors.fill: parent

@@ -65,7 +65,7 @@ Rectangle {
         onClicked: root.slideOut()
     }
 
-    ListView {
+    ReloadedList {
         id: list
 
         property string selectedUri: ""

@@ -41,7 +41,7 @@ Rectangle {
         onClicked: root.move(false)
     }
 
-    ListView {
+    ReloadedList {
         id: list
 
         anchors { fill: parent; topMargin: 50; leftMargin: 15; rightMargin: 15; bottomMargin: 15 }

@@ -5,7 +5,7 @@ import QtQuick 2.0
 
 // A list whose rows have a function refreshCellInfo(), and that tells what is on show when a movement has come to rest:
 // the positions of the first and the last row, -1 where none is.
-ListView {
+ReloadedList {
     id: root
 
     signal cameToRest(int first, int last)

@@ -3,6 +3,7 @@
 
 import QtQuick 2.0
 import com.kestrum.halvoraint 1.0
+import "../Elements"
 
 // The preset slots of the device. With `enableSelection` a tap ties the playlist `plRef` to a slot. The player is to be
 // set before the device, as the rows read it at once.
@@ -28,7 +29,7 @@ NavigationView {
         onClicked: {}
     }
 
-    ListView {
+    ReloadedList {
         id: list
 
         anchors.fill: parent
