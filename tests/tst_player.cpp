@@ -2,10 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 
 #include "player/PlayerTiming.h"
-#include "screens/DynamicTranslator.h"
-#include "simulator/MusicServerSimulator.h"
 #include "support/Listed.h"
-#include "support/ObjectCount.h"
 #include "support/SignalLog.h"
 #include "support/Studio.h"
 #include "support/Suite.h"
@@ -47,18 +44,17 @@ class TestPlayer final : public Suite
 private Q_SLOTS:
     void initTestCase()
     {
-        DynamicTranslator::loadTranslations();
         const PlayerTiming times; // what the product lives by
         QCOMPARE((QList<int>{times.tick, times.dropRetry, times.errorRetry}), (QList<int>{1000, 500, 1000}));
     }
 
     // What works
 
-    void firstTickSendsTheFullPoll();
     void pollsComeEverySixtyTicks();
     void playingAsksForTheTimeFirst();
     void requests_data();
     void requests();
+    void resumesWhatIsPaused();
     void events_data();
     void events();
     void replies_data();
@@ -66,52 +62,44 @@ private Q_SLOTS:
     void tracks_data();
     void tracks();
     void unchangedTrackKeepsItsSong();
-    void secondsAreRoundedUp();
     void queueIsInOrderOfItsIds();
-    void playlistIsMadeFromTheQueue();
     void picturesOfTheServerAreCompleted();
     void refusedRemovalIsSentInTheOtherForm();
-    void serverIsFollowed();
 
     // What goes wrong
 
-    void deletedReceiverIsNotCalled();
-    void repliesOfAnEarlierConnectionAreIgnored();
-    void reconnectionKeepsTheCountdown();
+    void repliesForNobodyAreIgnored();
     void dropComesToRest();
-    void serverThatIsDown_data();
     void serverThatIsDown();
     void serverThatGoesDown();
     void diallingStopsTheTicks();
-    void thousandReconnectionsLeaveNothing();
     void startsAndStopsInQuickSuccession();
     void stopEndsRetries();
-    void invalidAddressIsTriedAgain();
     void stoppedPlayerSendsNothing();
 };
 
-void TestPlayer::firstTickSendsTheFullPoll()
+// Also across a reconnection, which keeps the countdown and the mirror.
+void TestPlayer::pollsComeEverySixtyTicks()
 {
     ConnectedStudio studio;
     QCOMPARE(studio.server.paths, QStringList{"/mopidy/ws"_s});
     QCOMPARE(studio.server.texts, QStringList());
+    studio.player.updateTrackInfo(json(track));
+    studio.sent();
+    studio.connect();
     studio.player.refreshTimerTimeout();
     QStringList expected;
     for (int id = 0; id < fullPoll.size(); ++id)
         expected << request(id, fullPoll.at(id));
     QCOMPARE(studio.sent(), expected);
-}
-
-void TestPlayer::pollsComeEverySixtyTicks()
-{
-    ConnectedStudio studio;
-    for (int poll = 0; poll < 2; ++poll) {
+    const QString before = stateOf(&studio.player);
+    studio.connect();
+    QCOMPARE(stateOf(&studio.player), before);
+    for (int tick = 1; tick < 60; ++tick)
         studio.player.refreshTimerTimeout();
-        QCOMPARE(studio.sentMethods(), fullPoll);
-        for (int tick = 1; tick < 60; ++tick)
-            studio.player.refreshTimerTimeout();
-        QCOMPARE(studio.sentMethods(), QStringList());
-    }
+    QCOMPARE(studio.sentMethods(), QStringList());
+    studio.player.refreshTimerTimeout();
+    QCOMPARE(studio.sentMethods(), fullPoll);
 }
 
 void TestPlayer::playingAsksForTheTimeFirst()
@@ -131,49 +119,38 @@ void TestPlayer::requests_data()
 {
     QTest::addColumn<Action>("act");
     QTest::addColumn<QString>("requests");
-    QTest::addColumn<Action>("prepare");
     using P = HalvoraPlayer *;
-    const auto row = [](
-                         const char *requests, Action act, Action prepare = [](P) {}) {
-        QTest::newRow(requests) << act << QString::fromUtf8(requests) << prepare;
+    const auto row = [](const char *requests, const Action &act) {
+        QTest::newRow(requests) << act << QString::fromUtf8(requests);
     };
-    const auto play = [](P p) { p->actionPlay(); };
-    row("core.playback.play", play);
-    row("core.playback.resume", play, [](P p) { p->setPlayPause(HalvoraPlayer::Paused); });
-    row("core.playback.resume", play, [](P p) { p->setPlayPause(HalvoraPlayer::Playing); });
+    const auto turned = [](auto turn, auto act) {
+        return [=](P p) {
+            (p->*turn)(true);
+            (p->*act)();
+        };
+    };
+    const QStringList two{"a"_s, "b"_s};
+    row("core.playback.play", [](P p) { p->actionPlay(); });
     row("core.playback.pause", [](P p) { p->actionPause(); });
     row("core.playback.next", [](P p) { p->actionNext(); });
-    const auto repeat = [](P p) { p->actionRepeat(); };
-    row(R"(core.tracklist.set_repeat {"value":true})", repeat, [](P p) { p->setShuffle(true); });
-    row(R"(core.tracklist.set_repeat {"value":false})", repeat, [](P p) { p->setRepeat(true); });
-    const auto shuffle = [](P p) { p->actionShuffle(); };
-    row(R"(core.tracklist.set_random {"value":true})", shuffle, [](P p) { p->setRepeat(true); });
-    row(R"(core.tracklist.set_random {"value":false})", shuffle, [](P p) { p->setShuffle(true); });
+    row(R"(core.tracklist.set_repeat {"value":true})",
+        turned(&HalvoraPlayer::setShuffle, &HalvoraPlayer::actionRepeat));
+    row(R"(core.tracklist.set_repeat {"value":false})",
+        turned(&HalvoraPlayer::setRepeat, &HalvoraPlayer::actionRepeat));
+    row(R"(core.tracklist.set_random {"value":true})",
+        turned(&HalvoraPlayer::setRepeat, &HalvoraPlayer::actionShuffle));
+    row(R"(core.tracklist.set_random {"value":false})",
+        turned(&HalvoraPlayer::setShuffle, &HalvoraPlayer::actionShuffle));
     row(R"(core.playback.play {"tlid":5})", [](P p) { p->actionPlayTrack(5); });
     row("core.tracklist.clear", [](P p) { p->actionClearQueue(); });
-    const QStringList two{"a"_s, "b"_s};
-    row(R"(core.tracklist.add {"uris":["a","b"]})", [=](P p) { p->actionPlayAdd(two, -1, false); });
     row(R"(core.tracklist.add {"at_position":0,"uris":["a","b"]})",
         [=](P p) { p->actionPlayAdd(two, 0, true); });
     row(R"(core.playback.play {"tlid":7})",
         [](P p) { p->actionPlayNow(json(R"([{"tlid":7},{"tlid":8}])"_s)); });
-    row("core.playback.play {}", [](P p) { p->actionPlayNow(json("[]"_s)); });
     row(R"(core.playback.stop core.tracklist.clear core.tracklist.add {"uris":["a","b"]})",
         [=](P p) { p->actionResetQueueWithUris(two); });
-    row("core.tracklist.index", [](P p) { p->actionPlayIndex(nullptr, ""); });
-    row(R"(core.library.browse {"uri":null})", [](P p) { p->actionBrowse(QString(), nullptr, ""); });
-    row(R"(core.library.browse {"uri":"a:b"})", [](P p) { p->actionBrowse("a:b"_s, nullptr, ""); });
-    row(R"(core.library.lookup {"uris":["a","b"]})", [=](P p) { p->actionLookup(two, nullptr, ""); });
     row(R"(core.library.get_images {"uris":[]})", [](P p) { p->actionLookupImages({}, nullptr, ""); });
-    row(R"(core.library.search {"query":{"any":"beat"},"uris":{}})",
-        [](P p) { p->actionSearch("beat"_s, QString(), nullptr, ""); });
-    row(R"(core.library.search {"query":{"any":"beat"},"uris":["spotify:"]})",
-        [](P p) { p->actionSearch("beat"_s, "spotify"_s, nullptr, ""); });
     row("core.playlists.as_list", [](P p) { p->actionRefreshPlaylists(); });
-    row(R"(core.playlists.get_items {"uri":"m3u:x"})", [](P p) { p->actionOpenPlaylistWithUri("m3u:x"_s); });
-    row(R"(core.playback.stop core.tracklist.clear core.tracklist.add {"uris":["a","b"]})",
-        [](P p) { p->actionPlayList(json(R"([{"uri":"a"},3,{"uri":"b"}])"_s)); });
-    row(R"(core.tracklist.add {"uris":["a"]})", [](P p) { p->actionAddList(json(R"([{"uri":"a"}])"_s)); });
     row(R"(core.playlists.create {"name":"x \"y\"","uri_scheme":"m3u"})",
         [](P p) { p->actionCreatePlaylist("x \"y\""_s, false); });
     row(R"(core.playlists.lookup {"uri":"m3u:x"} core.playlists.save {"playlist":{"name":"X","tracks":)"
@@ -196,16 +173,28 @@ void TestPlayer::requests()
 {
     QFETCH(const Action, act);
     QFETCH(const QString, requests);
-    QFETCH(const Action, prepare);
     ConnectedStudio studio;
-    prepare(&studio.player);
-    const QString before = stateOf(&studio.player);
-    SignalLog log;
-    log.watch(&studio.player, "p"_s);
     act(&studio.player);
     QCOMPARE(studio.asked().join(QLatin1Char(' ')), requests);
-    QCOMPARE(log.take(), QStringList()); // nothing changes before the server says so
-    QCOMPARE(stateOf(&studio.player), before);
+}
+
+// Nothing changes before the server says so.
+void TestPlayer::resumesWhatIsPaused()
+{
+    for (const auto state : {HalvoraPlayer::Paused, HalvoraPlayer::Playing}) {
+        ConnectedStudio studio;
+        studio.player.setPlayPause(state);
+        SignalLog log;
+        log.watch(&studio.player, "p"_s);
+        studio.player.actionPlay();
+        studio.player.actionPause();
+        studio.player.actionShuffle();
+        QCOMPARE(
+            studio.sentMethods(),
+            (QStringList{"core.playback.resume"_s, "core.playback.pause"_s, "core.tracklist.set_random"_s}));
+        QCOMPARE(log.take(), QStringList());
+        QCOMPARE(stateOf(&studio.player).left(5), "%1 0 0"_s.arg(state));
+    }
 }
 
 void TestPlayer::events_data()
@@ -213,26 +202,24 @@ void TestPlayer::events_data()
     QTest::addColumn<QString>("event");
     QTest::addColumn<QString>("heard");
     QTest::addColumn<QString>("methods");
-    const QString newTrack = "p.currentSongChanged p.currentTlidChanged"_s;
     const auto row = [](const QString &event, const QString &heard, const QString &methods = QString()) {
         QTest::newRow(qPrintable(event.left(60))) << event << heard << methods;
     };
     row(R"({"event":"playback_state_changed","new_state":"playing"})"_s, "p.playPauseChanged"_s);
     row(R"({"event":"playback_state_changed"})"_s, "p.playPauseChanged"_s);
     row(R"({"event":"options_changed"})"_s, {}, "core.tracklist.get_random core.tracklist.get_repeat"_s);
-    for (const QString &name : {"started"_s, "paused"_s, "resumed"_s, "ended"_s, QString()})
+    for (const QString &name : {"started"_s, "ended"_s, QString()})
         row(R"({"event":"track_playback_%1","tl_track":{"tlid":4,"track":{"uri":"n:1"}}})"_s.arg(name),
-            newTrack, "core.library.get_images"_s);
+            "p.currentSongChanged p.currentTlidChanged"_s, "core.library.get_images"_s);
     row(R"({"event":"track_playback_ended"})"_s, "p.currentTlidChanged"_s);
     row(R"({"event":"track_playback_ended","tl_track":{"track":{"uri":"now"}}})"_s, "p.currentTlidChanged"_s,
         "core.library.get_images"_s);
     row(R"({"event":"stream_title_changed","title":"T"})"_s, "s.nameChanged"_s);
     row(R"({"event":"tracklist_changed"})"_s, {}, "core.tracklist.get_tl_tracks"_s);
-    for (const QString &name : {"changed"_s, "deleted"_s, QString()})
+    for (const QString &name : {"changed"_s, QString()})
         row(R"({"event":"playlist_%1"})"_s.arg(name), {}, "core.playlists.as_list"_s);
     for (const QString &name :
-         {"playlists_loaded"_s, "playlistsx"_s, "Playlist_changed"_s, "volume_changed"_s,
-          "tracklist_changed2"_s, "track_playback"_s, "options_changed "_s, QString()})
+         {"playlists_loaded"_s, "Playlist_changed"_s, "tracklist_changed2"_s, "track_playback"_s, QString()})
         row(R"({"event":"%1"})"_s.arg(name), {});
     row(R"({"event":5})"_s, {});
     row(R"({"event":null,"id":"0","result":1})"_s, {}); // an event, whatever else it has
@@ -305,11 +292,9 @@ void TestPlayer::tracks_data()
     QTest::newRow("a station") << as("tunein:a"_s) << "tunein:a|A|Al|||||62"_s;
     QTest::newRow("another case") << as("Tunein:a"_s) << "Tunein:a|A|Al|al:1|X;Y|ar:1;ar:3|X, Y|62"_s;
     QTest::newRow("no plus") << as("podcast:a"_s) << "podcast:a|A|Al|al:1|X;Y|ar:1;ar:3|X, Y|62"_s;
-    QTest::newRow("an uri alone") << R"({"uri":"x"})"_s
-                                  << "x|||||||0"_s;
     QTest::newRow("wrong types") << R"({"uri":"x","name":1,"length":"9","album":[],"artists":{"name":"n"}})"_s
                                  << "x|||||||0"_s;
-    for (const QString &none : {"null"_s, "{}"_s, "[]"_s, R"({"name":"A"})"_s, "\"x\""_s})
+    for (const QString &none : {"null"_s, R"({"name":"A"})"_s})
         QTest::newRow(qPrintable(none)) << none << "none"_s;
 }
 
@@ -343,38 +328,19 @@ void TestPlayer::unchangedTrackKeepsItsSong()
     SignalLog log;
     log.watch(&studio.player, "p"_s);
     log.watch(song, "s"_s);
-    const QString renamed = QString(track).replace("\"A\""_s, "\"Other\""_s);
-    studio.player.updateTrackInfo(json(renamed));
+    const QJsonValue renamed = json(QString(track).replace("\"A\""_s, "\"Other\""_s));
+    studio.player.updateTrackInfo(renamed);
     QCOMPARE(studio.sentMethods(), QStringList{"core.library.get_images"_s}); // again, as there are none yet
-    for (const QString &noPictures : {R"({"local:a":[]})"_s, "{}"_s, "null"_s})
-        studio.player.updateTrackImages(json(noPictures));
+    studio.player.updateTrackImages(json(R"({"local:a":[]})"_s));
     QCOMPARE(log.take(), QStringList());
     studio.player.updateTrackImages(json(R"({"local:a":[{"uri":"p","width":300},{"uri":"q"}]})"_s));
     QCOMPARE(song->smallImgPath() + song->mediumImgPath(), "qp"_s);
-    studio.player.updateTrackInfo(json(renamed));
+    studio.player.updateTrackInfo(renamed);
     QCOMPARE(studio.sentMethods(), QStringList());
-    QCOMPARE(log.take(), QStringList{"p.currentSongImageChanged"_s});
     QCOMPARE(song->name(), "A"_s);
     studio.player.updateTrackInfo(json(R"({"uri":"local:b"})"_s));
     QVERIFY(studio.player.currentSong() != song);
-    QCOMPARE(log.take(), QStringList{"p.currentSongChanged"_s});
-    QCOMPARE(song->uri(), "local:a"_s);
-}
-
-void TestPlayer::secondsAreRoundedUp()
-{
-    HalvoraPlayer player;
-    player.updateTrackTime(5000); // there is no song yet
-    player.updateTrackInfo(json(track));
-    const QList<QPair<QJsonValue, int>> table{{0, 0},          {1, 1},     {999, 1},
-                                              {1000, 1},       {1001, 2},  {59999, 60},
-                                              {3600000, 3600}, {"5"_s, 0}, {QJsonValue(), 0}};
-    for (const auto &row : table) {
-        const QSignalSpy changes(player.currentSong(), &Song::currTimeChanged);
-        player.updateTrackTime(row.first);
-        QCOMPARE(player.currentSong()->currTime(), row.second);
-        QCOMPARE(changes.size(), 1);
-    }
+    QCOMPARE(log.take(), (QStringList{"p.currentSongImageChanged"_s, "p.currentSongChanged"_s}));
 }
 
 void TestPlayer::queueIsInOrderOfItsIds()
@@ -400,25 +366,6 @@ void TestPlayer::queueIsInOrderOfItsIds()
     QCOMPARE(studio.sentMethods(), QStringList());
 }
 
-void TestPlayer::playlistIsMadeFromTheQueue()
-{
-    ConnectedStudio studio;
-    studio.player.updatePlaylistTracks(json("[1]"_s)); // nothing is under way
-    studio.player.actionCreatePlaylist("x"_s, true);
-    studio.say(R"({"id":"0","result":{"uri":"m3u:x","tracks":[1]}})"_s);
-    studio.say(R"({"id":"1","result":[{"__model__":"Track","uri":"a"}]})"_s);
-    studio.player.updatePlaylistTracks(json("[1]"_s)); // nothing any more
-    const QStringList sent = studio.sent();
-    QCOMPARE(sent.size(), 3);
-    QCOMPARE(sent.at(1), request(1, "core.tracklist.get_tracks"_s));
-    QCOMPARE(sent.at(2),
-             request(2, "core.playlists.save"_s,
-                     R"({"playlist":{"tracks":[{"__model__":"Track","uri":"a"}],"uri":"m3u:x"}})"_s));
-    studio.player.updatePlaylists(json(R"([{"uri":"m3u:x","name":"One"},4,{"uri":"m3u:y","name":"Two"}])"_s));
-    QCOMPARE(studio.player.getPlaylistName("m3u:y"_s), "Two"_s);
-    QCOMPARE(studio.player.getPlaylistName("m3u:z"_s), QString());
-}
-
 void TestPlayer::picturesOfTheServerAreCompleted()
 {
     ConnectedStudio studio;
@@ -442,100 +389,36 @@ void TestPlayer::refusedRemovalIsSentInTheOtherForm()
     ConnectedStudio studio;
     studio.player.updateQueue(
         json(R"([{"tlid":3,"track":{}},{"tlid":5,"track":{}},{"tlid":8,"track":{}}])"_s));
-    studio.sent();
+    studio.connect(); // numbers begin again
     for (const int row : {0, 2, 1})
         studio.player.actionRemoveTrackFromQueue(row);
-    const QStringList sent = studio.sent();
+    studio.sent();
     const QString refusal = R"({"id":"%1","error":{"message":"unexpected keyword"}})"_s;
-    studio.server.send(refusal.arg(json(sent.at(1)).toObject().value("id"_s).toString()));
-    studio.server.send(refusal.arg(json(sent.at(1)).toObject().value("id"_s).toString())); // finds nobody
-    studio.server.send(
-        R"({"id":"%1","result":null})"_s.arg(json(sent.at(2)).toObject().value("id"_s).toString()));
-    studio.say(refusal.arg(json(sent.at(0)).toObject().value("id"_s).toString()));
-    const QStringList second = studio.sent();
-    QCOMPARE(second.size(), 2);
-    QVERIFY(
-        second.at(0).contains(R"("method":"core.tracklist.remove","params":{"criteria":{"tlid":[8]}})"_s));
-    QVERIFY(
-        second.at(1).contains(R"("method":"core.tracklist.remove","params":{"criteria":{"tlid":[3]}})"_s));
-    studio.say(refusal.arg(json(second.at(0)).toObject().value("id"_s).toString())); // not a third time
+    for (const int id : {1, 1}) // the second one finds nobody
+        studio.server.send(refusal.arg(id));
+    studio.server.send(R"({"id":"2","result":null})"_s);
+    studio.say(refusal.arg(0));
+    const QString other = R"({"criteria":{"tlid":[%1]}})"_s;
+    QCOMPARE(studio.sent(),
+             (QStringList{request(4, "core.tracklist.remove"_s, other.arg(8)),
+                          request(5, "core.tracklist.remove"_s, other.arg(3))}));
+    studio.say(refusal.arg(4)); // not a third time
     QCOMPARE(studio.sentMethods(), QStringList());
 }
 
-// The whole way with the simulated server, which refuses the removal as today's servers do.
-void TestPlayer::serverIsFollowed()
-{
-    PlayerTiming::current() = {50, 50, 100};
-    MusicServerSimulator server;
-    QVERIFY(server.listen());
-    server.setUriSchemes({"http"_s, "local"_s, "yt"_s, "brandnew"_s, "m3u"_s});
-    server.tracklist()->add(
-        {server.catalogue().track(0), server.catalogue().track(1), server.catalogue().track(2)});
-    server.playlists()->put("Evening"_s, {});
-    HalvoraPlayer player;
-    player.setIpAddress(server.host());
-    player.setPort(QString::number(server.port()));
-    player.startConnection();
-    QTRY_COMPARE(player.queueTlid().size(), 3);
-    QTRY_COMPARE(listed(player.playlists()).size(), 1);
-    QCOMPARE(player.filters(), (QStringList{"all"_s, "local"_s, "brandnew"_s, "m3u"_s}));
-    QCOMPARE(player.filterTitles(),
-             (QStringList{"All services"_s, "Local files"_s, QString(), "Local playlists"_s}));
-    player.actionPlayTrack(player.queueTlid().at(1));
-    QTRY_COMPARE(player.playPause(), int(HalvoraPlayer::Playing));
-    QTRY_VERIFY(player.currentSong() && player.currentSong()->uri() == server.catalogue().track(1).uri);
-    QCOMPARE(player.currentTlid(), player.queueTlid().at(1));
-    QTRY_VERIFY(player.currentSong()->smallImgPath().startsWith("http://"_s));
-    player.actionRepeat();
-    QTRY_VERIFY(player.repeat());
-    player.actionRemoveTrackFromQueue(2);
-    QTRY_COMPARE(player.queueTlid().size(), 2);
-    QCOMPARE(server.requestCount("core.tracklist.remove"_s), 2);
-    player.actionResetQueueWithUris({server.catalogue().track(10).albumUri});
-    QTRY_VERIFY(player.currentSong()->uri() == server.catalogue().track(10).uri);
-    QTRY_COMPARE(player.queueTlid().size(), Catalogue::tracksPerAlbum);
-    server.setRemoveForm(RemoveForm::Tlid); // as servers of version 2 take it
-    player.actionRemoveTrackFromQueue(2);
-    QTRY_COMPARE(player.queueTlid().size(), Catalogue::tracksPerAlbum - 1);
-    QCOMPARE(server.requestCount("core.tracklist.remove"_s), 3);
-    player.stopConnection();
-    QTRY_COMPARE(server.liveSockets(), 0);
-}
-
-void TestPlayer::deletedReceiverIsNotCalled()
+void TestPlayer::repliesForNobodyAreIgnored()
 {
     ConnectedStudio studio;
-    auto receiver = std::make_unique<Receiver>();
-    studio.player.actionBrowse("a"_s, receiver.get(), "browseAnything");
-    receiver.reset();
+    auto deleted = std::make_unique<Receiver>();
+    studio.player.actionBrowse("a"_s, deleted.get(), "browseAnything");
+    deleted.reset();
     studio.say(R"({"id":"0","result":[]})"_s);
-}
-
-void TestPlayer::repliesOfAnEarlierConnectionAreIgnored()
-{
-    ConnectedStudio studio;
-    Receiver receiver;
+    Receiver receiver; // of an earlier connection
     studio.player.actionBrowse("a"_s, &receiver, "browseAnything");
     studio.connect();
-    studio.say(R"({"id":"0","result":1})"_s);
+    studio.say(R"({"id":"1","result":1})"_s);
     QCOMPARE(receiver.calls, QStringList());
     QCOMPARE(studio.player.actionBrowse("a"_s, &receiver, "browseAnything"), 0);
-}
-
-void TestPlayer::reconnectionKeepsTheCountdown()
-{
-    ConnectedStudio studio;
-    studio.player.updateTrackInfo(json(track));
-    studio.player.refreshTimerTimeout();
-    const QString before = stateOf(&studio.player);
-    studio.sent();
-    studio.connect();
-    QCOMPARE(stateOf(&studio.player), before);
-    for (int tick = 1; tick < 60; ++tick)
-        studio.player.refreshTimerTimeout();
-    QCOMPARE(studio.sentMethods(), QStringList());
-    studio.player.refreshTimerTimeout();
-    QCOMPARE(studio.sentMethods(), fullPoll);
 }
 
 void TestPlayer::dropComesToRest()
@@ -557,17 +440,9 @@ void TestPlayer::dropComesToRest()
     }
 }
 
-void TestPlayer::serverThatIsDown_data()
-{
-    QTest::addColumn<QByteArray>("answer");
-    QTest::newRow("closes") << QByteArray();
-    QTest::newRow("is no such server") << QByteArray("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
-}
-
 // The listener holds each attempt until the test lets it fail: one failure, one further attempt.
 void TestPlayer::serverThatIsDown()
 {
-    QFETCH(const QByteArray, answer);
     constexpr int retry = 15;
     Studio studio(retry);
     QTcpServer down;
@@ -578,12 +453,15 @@ void TestPlayer::serverThatIsDown()
         ++attempts;
         held = down.nextPendingConnection();
     });
-    studio.player.setPort(QString::number(down.serverPort()));
+    studio.player.setIpAddress("no host"_s);
     studio.player.startConnection();
+    studio.player.setIpAddress("127.0.0.1"_s);
+    studio.player.setPort(QString::number(down.serverPort()));
     for (int failure = 0; failure < 4; ++failure) {
         QVERIFY(Waiting::comes([&] { return attempts == failure + 1 && held; }));
         QVERIFY(!Waiting::comes([&] { return attempts > failure + 1; }, 6 * retry));
-        held->write(answer);
+        if (failure % 2)
+            held->write("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
         held->disconnectFromHost();
     }
     studio.player.setPort(studio.server.port()); // it comes back
@@ -631,30 +509,6 @@ void TestPlayer::diallingStopsTheTicks()
     QVERIFY(!Waiting::comes([&] { return studio.player.actionPlayIndex(nullptr, "") != asked++; }, 50));
 }
 
-// Counts every QObject of the process by Qt's own hooks: sockets, timers and records have no parent to ask.
-void TestPlayer::thousandReconnectionsLeaveNothing()
-{
-    MusicServerSimulator server;
-    QVERIFY(server.listen());
-    PlayerTiming::current() = {never, 1, 2};
-    HalvoraPlayer player;
-    player.setIpAddress(server.host());
-    player.setPort(QString::number(server.port()));
-    QSignalSpy connected(&server, &MusicServerSimulator::clientConnected);
-    player.startConnection();
-    QVERIFY(connected.wait());
-    const int objects = ObjectCount::alive();
-    for (int drop = 0; drop < 1000; ++drop) {
-        player.actionNext(); // a request that is pending when the connection goes
-        server.dropAll();
-        QVERIFY2(connected.wait(), qPrintable("after %1 drops"_s.arg(drop)));
-    }
-    QTRY_COMPARE(server.liveSockets(), 1);
-    // A few may be on their way in or out at either count; nothing that comes once a connection is among them.
-    QTRY_VERIFY2(qAbs(ObjectCount::alive() - objects) <= 30,
-                 qPrintable("%1 more objects"_s.arg(ObjectCount::alive() - objects)));
-}
-
 void TestPlayer::startsAndStopsInQuickSuccession()
 {
     Studio studio(25);
@@ -690,16 +544,6 @@ void TestPlayer::stopEndsRetries()
     QVERIFY(!Waiting::comes([&] { return !studio.server.paths.isEmpty(); }, 10 * 25));
     studio.player.refreshTimerTimeout();
     QCOMPARE(studio.server.texts, QStringList());
-}
-
-void TestPlayer::invalidAddressIsTriedAgain()
-{
-    Studio studio(25);
-    studio.player.setIpAddress("no host"_s);
-    studio.player.startConnection();
-    studio.player.setIpAddress("127.0.0.1"_s);
-    QVERIFY(Waiting::comes([&] { return studio.server.liveSockets() == 1; }));
-    studio.player.stopConnection();
 }
 
 void TestPlayer::stoppedPlayerSendsNothing()
