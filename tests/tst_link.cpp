@@ -49,19 +49,6 @@ QList<QStringList> dumpOf(const DeviceState &state)
     return messages;
 }
 
-// A head that a cut stream delivers ahead of its message, and a message that it delivers twice, count once.
-QList<QStringList> withoutHeads(const QList<QStringList> &commands)
-{
-    QList<QStringList> whole;
-    for (const QStringList &command : commands) {
-        if (!whole.isEmpty()
-            && command.join(QLatin1Char('|')).startsWith(whole.last().join(QLatin1Char('|'))))
-            whole.removeLast();
-        whole << command;
-    }
-    return whole;
-}
-
 // A device, a link to it, and a record of what the link says, as the screens hear it.
 struct House
 {
@@ -147,29 +134,23 @@ private Q_SLOTS:
     void login_data();
     void login();
     void startTellsTheScreensAndDeliversTheDump();
-    void commandsAreNumbered();
-    void pollsAreAnsweredAndNotDelivered();
-    void subCodes_data();
+    void commandsAndPollsAreNumbered();
     void subCodes();
-    void firstConnectedOnceARun();
     void addressChoice_data();
     void addressChoice();
-    void cutStreamsDeliverTheSame();
 
     // What goes wrong
 
     void ticksUntilTheLinkGivesUp_data();
     void ticksUntilTheLinkGivesUp();
-    void lostConnectionIsDialledAtTheNextTick();
+    void nothingIsWrittenWhileDialling();
     void silentRedial();
     void textsOfATrouble_data();
     void textsOfATrouble();
     void refusedLoginIsTriedAgain();
     void restartsInQuickSuccession();
+    void nothingOfAnEndedRunReachesTheNext_data();
     void nothingOfAnEndedRunReachesTheNext();
-    void commandsWhileDownAreLost();
-    void noCommandAheadOfTheLogin();
-    void rubbishIsDropped();
 };
 
 void TestLink::login_data()
@@ -203,81 +184,67 @@ void TestLink::startTellsTheScreensAndDeliversTheDump()
     ConnectedHouse house;
     QCOMPARE(house.said, (QStringList{"show"_s, connecting, authenticating, "hide"_s}));
     QCOMPARE(house.commands, dumpOf(house.device.state()));
+    house.device.broadcast(DeviceMessages::DumpEnd);
+    QTRY_COMPARE(house.said.count("hide"_s), 2);
+    QCOMPARE(house.firstConnected, 1); // once a run
     house.link.stopLink();
-    QTRY_COMPARE(house.said.mid(4), (QStringList{disconnected, "show"_s}));
+    QTRY_COMPARE(house.said.mid(5), (QStringList{disconnected, "show"_s}));
     QTRY_COMPARE(house.device.liveConnections(), 0);
     QCOMPARE(house.device.messages(), (QStringList{shortLogin, stateRequest})); // no farewell
 }
 
-void TestLink::commandsAreNumbered()
+void TestLink::commandsAndPollsAreNumbered()
 {
     ConnectedHouse house;
-    Q_EMIT house.link.requireSendCommand("2000|100|7|30"_s);
+    house.commands.clear();
+    Q_EMIT house.link.requireSendCommand("2000|100|99|30"_s);
     Q_EMIT house.link.requireSendString(u8"HELLO|Küche"_s);
     QTRY_COMPARE(house.device.numberedMessages().mid(2),
-                 (QStringList{"2|UI_COMMAND|2000|100|7|30"_s, u8"3|HELLO|Küche"_s}));
-}
-
-void TestLink::pollsAreAnsweredAndNotDelivered()
-{
-    ConnectedHouse house;
-    house.commands.clear();
-    for (int i = 0; i < 3; ++i)
-        house.device.broadcast(DeviceMessages::KeepAlive);
+                 (QStringList{"2|UI_COMMAND|2000|100|99|30"_s, u8"3|HELLO|Küche"_s}));
+    house.device.broadcast(DeviceMessages::KeepAlive);
+    house.device.broadcast(DeviceMessages::KeepAlive);
     house.device.broadcast(4, {"2"_s, "11"_s});
-    QTRY_COMPARE(house.device.numberedMessages().mid(2),
-                 (QStringList{"2|UI_ALIVE"_s, "3|UI_ALIVE"_s, "4|UI_ALIVE"_s}));
-    QTRY_COMPARE(house.commands.size(), 1);
-    QCOMPARE(house.commands.first(), (QStringList{"1"_s, "BROAD"_s, "4"_s, "100"_s, "2"_s, "11"_s}));
+    QTRY_COMPARE(house.device.numberedMessages().mid(4), (QStringList{"4|UI_ALIVE"_s, "5|UI_ALIVE"_s}));
+    QTRY_COMPARE(house.commands, QList<QStringList>{"1|BROAD|4|100|2|11"_s.split(QLatin1Char('|'))});
 }
 
-void TestLink::subCodes_data()
-{
-    Rows::add("text url"_s, R"(
-        20 with both addresses ; 1|BROAD|20|x|get|post ; get post
-        20 with more fields ; 1|BROAD|20|x|get|post|z ; get post
-        20 with one address ; 1|BROAD|20|x|get ; none
-        a poll, as empty fields do not count for it ; 1|BROAD||5|z ; none
-        ; 1|BROAD|0|100
-        ; 1|BROAD|2|100||3@2|
-        ; 1|BROAD|x|y
-        ; 1|BROAD|05|z
-        ; 1|BROAD|21|a|b|c)"_s);
-}
-
+// All of them on one link: what the screens hear, and which addresses.
 void TestLink::subCodes()
 {
-    QFETCH(const QString, text);
-    QFETCH(const QString, url); // empty: the text is delivered
     ConnectedHouse house;
     house.commands.clear();
-    house.device.sendPlain(text);
+    const QStringList delivered{"1|BROAD|0|100"_s, "1|BROAD|2|100||3@2|"_s, "1|BROAD|x|y"_s, "1|BROAD|05|z"_s,
+                                "1|BROAD|21|a|b|c"_s};
+    const QStringList kept{"1|BROAD|20|x|get|post"_s,
+                           "1|BROAD|20|x|a|b|more"_s,
+                           "1|BROAD|20|x|one"_s,
+                           "1|BROAD||5|z"_s, // a poll, as empty fields do not count for it
+                           "1"_s,
+                           "1|"_s,
+                           "1|BROAD"_s,
+                           "1|broad|3|x"_s,
+                           "|BROAD|3|x"_s,
+                           "1|NEWS|3|x"_s,
+                           {}};
+    house.device.sendRaw("no Base64 at all %%%AAAA%%%%%%");
+    for (const QString &text : kept + delivered)
+        house.device.sendPlain(text);
     house.settle();
-    QCOMPARE(house.urls.join(QString()), url == "none"_s ? QString() : url);
-    QCOMPARE(house.commands.value(0).join(QLatin1Char('|')), url.isEmpty() ? text : QString());
-    QCOMPARE(house.commands.size(), int(url.isEmpty()));
-}
-
-void TestLink::firstConnectedOnceARun()
-{
-    ConnectedHouse house;
-    house.device.broadcast(DeviceMessages::DumpEnd);
-    house.settle();
-    QCOMPARE(house.firstConnected, 1);
-    QCOMPARE(house.said.count("hide"_s), 2);
-    house.link.restartLink();
-    QTRY_COMPARE(house.firstConnected, 2);
+    QStringList heard;
+    for (const QStringList &command : qAsConst(house.commands))
+        heard << command.join(QLatin1Char('|'));
+    QCOMPARE(heard, delivered);
+    QCOMPARE(house.urls, (QStringList{"get post"_s, "a b"_s}));
+    QCOMPARE(house.device.acceptedConnections(), 1);
 }
 
 void TestLink::addressChoice_data()
 {
     // `steps`: devices set one after the other, by the addresses that they have
     Rows::add("steps dialled"_s, R"(
-        local alone ; local ; local
         remote alone ; remote ; remote
         local wins ; local+remote ; local
         remote after local dials the empty local address ; local remote
-        local after remote ; remote local ; local
         remote after local and none ; local none remote ; remote
         none ; none)"_s);
 }
@@ -312,90 +279,53 @@ void TestLink::addressChoice()
     QCOMPARE(away.acceptedConnections(), int(dialled == "remote"_s));
 }
 
-void TestLink::cutStreamsDeliverTheSame()
-{
-    House house;
-    house.device.faults().splitPauseMs = 2;
-    house.connect();
-    const QList<QStringList> expected = dumpOf(house.device.state());
-    int streamSize = 0;
-    const int joinSize = FrameCodec::encryptText("1|JOIN"_s).size() + 3;
-    for (const DeviceMessages::Broad &broad : DeviceMessages::dump(house.device.state()))
-        streamSize += FrameCodec::encryptText(DeviceMessages::text(1, broad)).size() + 3;
-    for (int cut = 1; cut < joinSize + streamSize; ++cut) {
-        house.link.stopLink();
-        QCoreApplication::processEvents();
-        house.commands.clear();
-        house.device.faults().cutAt = cut;
-        QSignalSpy dumpEnds(&house.link, &HalvoraConnThread::firstConnected);
-        house.link.restartLink();
-        QVERIFY(dumpEnds.wait());
-        // An acceptance that is cut near its end is read twice, and the state then asked for twice.
-        const QList<QStringList> commands = withoutHeads(house.commands).mid(0, expected.size());
-        QVERIFY2(commands == expected, qPrintable("cut at %1"_s.arg(cut)));
-    }
-}
-
 void TestLink::ticksUntilTheLinkGivesUp_data()
 {
-    QTest::addColumn<QString>("trouble");
-    QTest::addColumn<int>("limit");
-    QTest::newRow("nobody listens") << "nobody"_s << 11;
-    QTest::newRow("the login is not answered") << "ignored"_s << 6;
-    QTest::newRow("silence after the acceptance") << "silent"_s << 16;
+    Rows::add("limit"_s, R"(
+        nobody ; 11
+        ignored ; 6
+        silent ; 16)"_s);
 }
 
 void TestLink::ticksUntilTheLinkGivesUp()
 {
-    QFETCH(const QString, trouble);
-    QFETCH(const int, limit);
+    QFETCH(const QString, limit);
+    const QByteArray trouble = QTest::currentDataTag();
     House house(never);
     HalvoraConnSocket socket;
     const QSignalSpy errors(&socket, &HalvoraConnSocket::connectionError);
     const QSignalSpy joins(&socket, &HalvoraConnSocket::connectionEstablished);
-    if (trouble == "nobody"_s)
+    const auto tickToTheLast = [&] {
+        for (int tick = 1; tick < limit.toInt(); ++tick)
+            socket.timerTimeout();
+    };
+    if (trouble == "nobody")
         house.device.stopListening();
     socket.connectToServer(house.device.host(), house.device.port());
-    if (trouble == "nobody"_s) {
-        QTRY_COMPARE(socket.state(), QAbstractSocket::UnconnectedState);
-    } else {
+    QTRY_COMPARE(socket.state(),
+                 trouble == "nobody" ? QAbstractSocket::UnconnectedState : QAbstractSocket::ConnectedState);
+    if (trouble == "silent") {
         QTRY_COMPARE(house.device.liveConnections(), 1);
-    }
-    if (trouble == "silent"_s) {
         house.device.sendPlain("1|JOIN"_s);
         QTRY_COMPARE(joins.size(), 1);
-        for (int tick = 1; tick < limit; ++tick)
-            socket.timerTimeout();
+        tickToTheLast();
         house.device.sendPlain("1|BROAD|5|100"_s); // any announcement starts the count anew
         QTRY_VERIFY(house.device.messages().contains("UI_ALIVE"_s));
     }
-    for (int tick = 1; tick < limit; ++tick)
-        socket.timerTimeout();
+    tickToTheLast();
     QCOMPARE(errors.size(), 0);
     socket.timerTimeout();
     QCOMPARE(errors.size(), 1);
     QCOMPARE(socket.state(), QAbstractSocket::UnconnectedState);
 }
 
-void TestLink::lostConnectionIsDialledAtTheNextTick()
+void TestLink::nothingIsWrittenWhileDialling()
 {
     House house(never);
     HalvoraConnSocket socket;
-    const QSignalSpy errors(&socket, &HalvoraConnSocket::connectionError);
-    const QSignalSpy restarts(&socket, &HalvoraConnSocket::connectionMustRestart);
-    socket.connectToServer(house.device.host(), house.device.port());
-    QTRY_COMPARE(house.device.liveConnections(), 1);
-    house.device.dropAll();
-    QTRY_COMPARE(socket.state(), QAbstractSocket::UnconnectedState);
     QString message = "lost"_s;
-    socket.writeMessage(message);
-    QCOMPARE(restarts.size(), 0);
-    socket.timerTimeout();
-    QCOMPARE(restarts.size(), 1);
-    QCOMPARE(errors.size(), 0);
     socket.connectToServer(house.device.host(), house.device.port());
-    socket.writeMessage(message); // still dialling
-    QCOMPARE(message, "lost"_s);
+    socket.writeMessage(message);
     QTRY_COMPARE(socket.state(), QAbstractSocket::ConnectedState);
     message = "heard"_s;
     socket.writeMessage(message);
@@ -426,18 +356,17 @@ void TestLink::silentRedial()
 
 void TestLink::textsOfATrouble_data()
 {
-    QTest::addColumn<int>("tick");
-    QTest::addColumn<QString>("trouble");
-    QTest::newRow("nobody listens") << 5 << "nobody"_s;
-    QTest::newRow("the login is not answered") << 50 << "ignored"_s;
-    QTest::newRow("silence after the acceptance") << 50 << "silent"_s;
+    Rows::add("tick"_s, R"(
+        nobody ; 5
+        ignored ; 50
+        silent ; 50)"_s);
 }
 
 void TestLink::textsOfATrouble()
 {
-    QFETCH(const int, tick);
-    QFETCH(const QString, trouble);
-    House house(tick);
+    QFETCH(const QString, tick);
+    const QString trouble = QString::fromLatin1(QTest::currentDataTag());
+    House house(tick.toInt());
     house.device.faults().ignoreLogin = trouble == "ignored"_s;
     house.device.faults().silentAfterJoin = trouble == "silent"_s;
     if (trouble == "nobody"_s)
@@ -491,76 +420,42 @@ void TestLink::restartsInQuickSuccession()
     QCOMPARE(house.said.last(), "hide"_s);
 }
 
-// A raw server, as the test must stay out of its event loop until the connection stands.
+// A raw server, as the test must stay out of its event loop until the connection stands. Commands are sent while the
+// login still waits for this thread.
+void TestLink::nothingOfAnEndedRunReachesTheNext_data()
+{
+    QTest::addColumn<bool>("commands");
+    QTest::newRow("logins") << false;
+    QTest::newRow("commands behind the login") << true;
+}
+
 void TestLink::nothingOfAnEndedRunReachesTheNext()
 {
+    QFETCH(const bool, commands);
     House house;
     QTcpServer server;
     QVERIFY(server.listen(QHostAddress::LocalHost));
     house.record.setLocalPort(server.serverPort());
     house.link.setDevice(&house.record);
-    QTcpSocket *peer = nullptr;
+    const QByteArray login = FrameCodec::encryptText("0|"_s + shortLogin) + '&';
+    std::unique_ptr<QTcpSocket> peer;
     for (int run = 0; run < 20; ++run) {
         house.link.restartLink();
         QVERIFY(server.waitForNewConnection(5000));
         house.link.wait(1); // lets the link's thread note that it is connected
-        delete peer;
-        peer = server.nextPendingConnection();
+        if (commands)
+            Q_EMIT house.link.requireSendCommand("2000|100|7|30"_s);
+        peer.reset(server.nextPendingConnection());
+        QTRY_VERIFY(!commands || peer->peek(4096).endsWith('&'));
+        QVERIFY(!commands || peer->peek(4096).startsWith(login));
     }
+    if (commands)
+        return;
     QTRY_VERIFY(peer->peek(4096).endsWith('&'));
     peer->write(FrameCodec::encryptText("1|JOIN"_s) + "%%%");
     const QByteArray request = FrameCodec::encryptText("1|"_s + stateRequest) + '&';
     QTRY_VERIFY(peer->peek(4096).endsWith(request));
-    QCOMPARE(peer->readAll(), FrameCodec::encryptText("0|"_s + shortLogin) + '&' + request);
-    delete peer;
-}
-
-void TestLink::commandsWhileDownAreLost()
-{
-    House house;
-    Q_EMIT house.link.requireSendCommand("1"_s);
-    house.connect();
-    house.link.stopLink();
-    Q_EMIT house.link.requireSendCommand("2"_s);
-    house.device.clearReceived();
-    house.link.restartLink();
-    QTRY_COMPARE(house.firstConnected, 2);
-    house.device.broadcast(DeviceMessages::KeepAlive);
-    QTRY_COMPARE(house.device.numberedMessages().size(), 3);
-    QCOMPARE(house.device.numberedMessages(),
-             (QStringList{"0|"_s + shortLogin, "1|"_s + stateRequest, "2|UI_ALIVE"_s}));
-}
-
-void TestLink::noCommandAheadOfTheLogin()
-{
-    House house;
-    QTcpServer server;
-    QVERIFY(server.listen(QHostAddress::LocalHost));
-    house.record.setLocalPort(server.serverPort());
-    house.link.setDevice(&house.record);
-    for (int run = 0; run < 20; ++run) {
-        house.link.restartLink();
-        QVERIFY(server.waitForNewConnection(5000));
-        house.link.wait(1); // connected, while the login still waits for this thread
-        Q_EMIT house.link.requireSendCommand("2000|100|7|30"_s);
-        const std::unique_ptr<QTcpSocket> peer(server.nextPendingConnection());
-        const QByteArray login = FrameCodec::encryptText("0|"_s + shortLogin) + '&';
-        QTRY_VERIFY(peer->peek(4096).endsWith('&'));
-        QCOMPARE(peer->peek(4096).left(login.size()), login);
-    }
-}
-
-void TestLink::rubbishIsDropped()
-{
-    ConnectedHouse house;
-    house.commands.clear();
-    house.device.sendRaw("no Base64 at all %%%AAAA%%%%%%");
-    for (const QString &text :
-         {"1"_s, "1|"_s, "1|BROAD"_s, "1|broad|3|x"_s, "|BROAD|3|x"_s, "1|NEWS|3|x"_s, QString()})
-        house.device.sendPlain(text);
-    house.settle();
-    QCOMPARE(house.commands, QList<QStringList>());
-    QCOMPARE(house.device.acceptedConnections(), 1);
+    QCOMPARE(peer->readAll(), login + request);
 }
 
 HALVORA_SUITE_MAIN(TestLink)
