@@ -15,11 +15,6 @@ namespace {
 const QByteArray linkKey = "7391058264610275";
 const QByteArray zeroVector(16, '\0');
 
-QByteArray hex(const char *digits)
-{
-    return QByteArray::fromHex(digits);
-}
-
 // The same cipher by somebody else.
 QByteArray opensslEncrypt(const QByteArray &data, const QByteArray &key, const QByteArray &vector,
                           bool padded)
@@ -79,14 +74,10 @@ class TestCodec final : public Suite
 private Q_SLOTS:
     // What works
 
-    void publishedVectors_data();
-    void publishedVectors();
     void agreesWithOpenssl();
-    void frames_data();
     void frames();
     void framesOfRandomTextsComeBack();
     void streamCutInTwo();
-    void streamByteByByte();
 
     // What goes wrong
 
@@ -97,46 +88,7 @@ private Q_SLOTS:
     void spoiltFrames();
     void oddStreams_data();
     void oddStreams();
-    void clearedStreamStartsAnew();
 };
-
-void TestCodec::publishedVectors_data()
-{
-    QTest::addColumn<QByteArray>("key");
-    QTest::addColumn<QByteArray>("vector");
-    QTest::addColumn<QByteArray>("plain");
-    QTest::addColumn<QByteArray>("cipher");
-    const QByteArray key = hex("2b7e151628aed2a6abf7158809cf4f3c");
-    QTest::newRow("FIPS 197, B") << key << zeroVector << hex("3243f6a8885a308d313198a2e0370734")
-                                 << hex("3925841d02dc09fbdc118597196a0b32");
-    QTest::newRow("FIPS 197, C.1") << hex("000102030405060708090a0b0c0d0e0f") << zeroVector
-                                   << hex("00112233445566778899aabbccddeeff")
-                                   << hex("69c4e0d86a7b0430d8cdb78070b4c55a");
-    const QByteArray plain = hex("6bc1bee22e409f96e93d7e117393172aae2d8a571e03ac9c9eb76fac45af8e51"
-                                 "30c81c46a35ce411e5fbc1191a0a52eff69f2445df4f9b17ad2b417be66c3710");
-    const QByteArray ecb = hex("3ad77bb40d7a3660a89ecaf32466ef97f5d3d58503b9699de785895a96fdbaaf"
-                               "43b1cd7f598ece23881b00e3ed0306887b0c785e27e8ad3f8223207104725dd4");
-    for (int at = 0; at < plain.size(); at += 16)
-        QTest::addRow("SP 800-38A, F.1.1, block %d", at / 16 + 1)
-            << key << zeroVector << plain.mid(at, 16) << ecb.mid(at, 16);
-    QTest::newRow("SP 800-38A, F.2.1")
-        << key << hex("000102030405060708090a0b0c0d0e0f") << plain
-        << hex("7649abac8119b246cee98e9b12e9197d5086cb9b507219ee95db113a917678b2"
-               "73bed6b8e3c1743b7116e69e222295163ff1caa1681fac09120eca307586e1a7");
-}
-
-void TestCodec::publishedVectors()
-{
-    QFETCH(const QByteArray, key);
-    QFETCH(const QByteArray, vector);
-    QFETCH(const QByteArray, plain);
-    QFETCH(const QByteArray, cipher);
-    for (const bool byTables : {false, true}) {
-        const TablesOnly tablesOnly(byTables);
-        QCOMPARE(Aes128::encryptCbc(plain, key, vector).toHex(), cipher.toHex());
-        QCOMPARE(Aes128::decryptCbc(cipher, key, vector).toHex(), plain.toHex());
-    }
-}
 
 void TestCodec::agreesWithOpenssl()
 {
@@ -154,35 +106,18 @@ void TestCodec::agreesWithOpenssl()
     }
 }
 
-void TestCodec::frames_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("comesBackAs");
-    QTest::addColumn<QByteArray>("frame");
-    QTest::newRow("the empty message") << "0|"_s
-                                       << "0|"_s << QByteArray("un6sk96eT2O3BIuEeM0zuA==");
-    QTest::newRow("15 bytes, one of padding")
-        << "1|UI_COMMAND|17"_s
-        << "1|UI_COMMAND|17"_s << QByteArray("FAYSYoPAGLu2LvRIteRAgg==");
-    QTest::newRow("16 bytes, a block of padding")
-        << "0|UI_COMMAND|172"_s
-        << "0|UI_COMMAND|172"_s << QByteArray("8k1fYty8qHnDwYumwMdE4GWtXl5Va8n+/5xFxeisAoY=");
-    QTest::newRow("cut at a NUL") << QString("0|"_s + QChar(0) + "lost"_s) << "0|"_s
-                                  << QByteArray("un6sk96eT2O3BIuEeM0zuA==");
-    const QByteArray utf8 = "7|K\xc3\xbc"
-                            "che|\xe2\x82\xac\xe6\x97\xa5";
-    QTest::newRow("UTF-8") << QString::fromUtf8(utf8) << QString::fromUtf8(utf8)
-                           << opensslEncrypt(utf8, linkKey, zeroVector, true).toBase64();
-}
-
 void TestCodec::frames()
 {
-    QFETCH(const QString, text);
-    QFETCH(const QString, comesBackAs);
-    QFETCH(const QByteArray, frame);
-    QCOMPARE(FrameCodec::encryptText(text), frame);
-    QCOMPARE(FrameCodec::encryptText(text), frame); // nothing is carried over from the last message
-    QCOMPARE(FrameCodec::decryptText(frame), comesBackAs);
+    const QPair<QString, QByteArray> table[] = {
+        {"0|"_s, "un6sk96eT2O3BIuEeM0zuA=="},
+        {"1|UI_COMMAND|17"_s, "FAYSYoPAGLu2LvRIteRAgg=="},
+        {"0|UI_COMMAND|172"_s, "8k1fYty8qHnDwYumwMdE4GWtXl5Va8n+/5xFxeisAoY="}, // a block of padding
+    };
+    for (const auto &row : table) {
+        QCOMPARE(FrameCodec::encryptText(row.first), row.second);
+        QCOMPARE(FrameCodec::decryptText(row.second), row.first);
+    }
+    QCOMPARE(FrameCodec::encryptText("0|"_s + QChar(0) + "lost"_s), table[0].second);
 }
 
 void TestCodec::framesOfRandomTextsComeBack()
@@ -213,20 +148,6 @@ void TestCodec::streamCutInTwo()
     }
 }
 
-void TestCodec::streamByteByByte()
-{
-    StreamSplitter splitter;
-    for (const QByteArray &frame : {QByteArray("QUJD"), QByteArray("RA==")}) {
-        const QByteArray stream = frame + "%%%";
-        for (int at = 1; at < stream.size(); ++at) {
-            QCOMPARE(splitter.append(stream.mid(at - 1, 1)), QVector<QByteArray>{stream.left(at)});
-            QCOMPARE(splitter.pendingBytes(), at);
-        }
-        QCOMPARE(splitter.append("%"), QVector<QByteArray>{frame});
-        QCOMPARE(splitter.pendingBytes(), 0);
-    }
-}
-
 void TestCodec::cipherRefusesWrongSizes()
 {
     const QByteArray block(16, 'x');
@@ -244,16 +165,12 @@ void TestCodec::forgivingPadding_data()
     QTest::addColumn<QByteArray>("stripped");
     QTest::newRow("right") << QByteArray("ab\3\3\3") << QByteArray("ab");
     QTest::newRow("a whole block") << QByteArray(16, 16) << QByteArray();
-    QTest::newRow("too few equal bytes") << QByteArray("ab\3\3") << QByteArray("ab");
     QTest::newRow("another byte in between") << QByteArray("ab\3\1\3") << QByteArray("ab\3\1");
     QTest::newRow("more equal bytes than it says") << QByteArray("ab\2\2\2\2") << QByteArray("ab\2\2");
     QTest::newRow("last byte 0") << QByteArray("ab\0", 3) << QByteArray("ab\0", 3);
     QTest::newRow("last byte 17, 20 of them") << QByteArray(20, 17) << QByteArray(3, 17);
-    QTest::newRow("last byte a letter, once") << QByteArray("abC") << QByteArray("ab");
-    QTest::newRow("last byte a letter, thrice") << QByteArray("abCCC") << QByteArray("ab");
-    QTest::newRow("last byte 127") << QByteArray("ab\x7f\x7f") << QByteArray("ab");
+    QTest::newRow("last byte 127, twice") << QByteArray("ab\x7f\x7f") << QByteArray("ab");
     QTest::newRow("last byte 128 is negative") << QByteArray("ab\x80\x80") << QByteArray("ab\x80\x80");
-    QTest::newRow("last byte 255 is negative") << QByteArray("ab\xff") << QByteArray("ab\xff");
     QTest::newRow("nothing") << QByteArray() << QByteArray();
 }
 
@@ -273,11 +190,9 @@ void TestCodec::spoiltFrames_data()
     QTest::newRow("zero padding") << frameOf(QByteArray("1|JOIN").leftJustified(16, '\0')) << "1|JOIN"_s;
     QTest::newRow("a NUL in the message") << frameOf(QByteArray("1|JOIN\0|lost\3\3\3", 16)) << "1|JOIN"_s;
     QTest::newRow("a NUL in the frame") << good + QByteArray("\0AAAA", 5) << "1|JOIN"_s;
-    QTest::newRow("a NUL ahead of the frame") << QByteArray("\0", 1) + good << QString();
     QTest::newRow("half a block") << good.left(12) << QString();
     QTest::newRow("a block and a byte")
         << QByteArray(QByteArray::fromBase64(good) + 'x').toBase64() << QString();
-    QTest::newRow("no Base64") << QByteArray("!!! ### ***") << QString();
     QTest::newRow("nothing") << QByteArray() << QString();
 }
 
@@ -294,11 +209,8 @@ void TestCodec::oddStreams_data()
     QTest::addColumn<QByteArrayList>("parts");
     QTest::addColumn<int>("pending");
     using List = QByteArrayList;
-    QTest::newRow("a terminator alone") << List{"%%%"} << List{} << 0;
     QTest::newRow("terminators around a frame") << List{"%%%%%%AA%%%"} << List{"AA"} << 0;
-    QTest::newRow("nothing") << List{""} << List{} << 0;
     QTest::newRow("a lone head is handed on and kept") << List{"AA"} << List{"AA"} << 2;
-    QTest::newRow("the head of the next is kept") << List{"AA%%%BB"} << List{"AA"} << 2;
     QTest::newRow("the head of the next, then its rest") << List{"AA%%%B", "B%%%"} << List{"AA", "BB"} << 0;
     QTest::newRow("a head behind a terminator counts as alone") << List{"%%%BB"} << List{"BB"} << 5;
     QTest::newRow("what follows a NUL is not looked at")
@@ -317,14 +229,6 @@ void TestCodec::oddStreams()
         seen += QByteArrayList::fromVector(splitter.append(read));
     QCOMPARE(seen, parts);
     QCOMPARE(splitter.pendingBytes(), pending);
-}
-
-void TestCodec::clearedStreamStartsAnew()
-{
-    StreamSplitter splitter;
-    splitter.append("half a fra");
-    splitter.clear();
-    QCOMPARE(splitter.append("AA%%%"), QVector<QByteArray>{"AA"});
 }
 
 HALVORA_SUITE_MAIN(TestCodec)
