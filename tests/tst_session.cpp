@@ -101,53 +101,38 @@ private:
 
     void changeTheDevice()
     {
-        const int outputs[] = {3, 7, 12};
-        const int sources[] = {2, 9, -1, 2};
-        const int output = outputs[below(3)];
-        switch (below(6)) {
-        case 0:
-            client.device.setRoute(output, sources[below(4)]);
-            break;
-        case 1:
-            client.device.setEqualizer(output, below(40) - 20, 0, 5, -20);
-            break;
-        case 2:
-            client.device.setAirPlay(2, {below(2) == 0, "Title"_s, "Album"_s, {}, {}});
-            break;
-        case 3:
-            client.device.setSources(client.device.state().sources);
-            break;
-        case 4:
-            client.device.setPlaylistEntries({{5, "Five"_s, {}}});
-            break;
-        default:
-            client.device.setVolume(output, below(101));
-        }
+        DeviceSimulator &device = client.device;
+        const int output = QList<int>{3, 7, 12}.at(below(3));
+        const std::function<void()> changes[] = {
+            [&] {
+                device.setRoute(output, QList<int>{2, 9, -1}.at(below(3)));
+            },
+            [&] { device.setEqualizer(output, below(40) - 20, 0, 5, -20); },
+            [&] {
+                device.setAirPlay(2, {below(2) == 0, "Title"_s, "Album"_s, {}, {}});
+            },
+            [&] { device.setSources(device.state().sources); },
+            [&] {
+                device.setPlaylistEntries({{5, "Five"_s, {}}});
+            },
+            [&] { device.setVolume(output, below(101)); },
+        };
+        changes[below(int(std::size(changes)))]();
     }
 
     void changeTheServer()
     {
         MusicServerSimulator &server = client.server;
-        switch (below(6)) {
-        case 0:
-            server.tracklist()->add({server.catalogue().track(below(200))});
-            break;
-        case 1:
-            server.playlists()->put(QString::number(below(9)), {server.catalogue().track(3).uri});
-            break;
-        case 2:
-            server.playback()->next();
-            break;
-        case 3:
-            server.dropAll();
-            break;
-        case 4:
-            server.tracklist()->remove({server.playback()->currentTlid()});
-            break;
-        default:
-            server.playback()->play();
-            break;
-        }
+        const auto track = [&](int position) { return server.catalogue().track(position); };
+        const std::function<void()> changes[] = {
+            [&] { server.tracklist()->add({track(below(200))}); },
+            [&] { server.playlists()->put(QString::number(below(9)), {track(3).uri}); },
+            [&] { server.playback()->next(); },
+            [&] { server.dropAll(); },
+            [&] { server.tracklist()->remove({server.playback()->currentTlid()}); },
+            [&] { server.playback()->play(); },
+        };
+        changes[below(int(std::size(changes)))]();
     }
 
     QRandomGenerator m_chance;
