@@ -31,10 +31,9 @@ private Q_SLOTS:
 
     // What works
     void asksForRowsInReachAlone();
-    void directoriesAskForNothing();
     void searchAnswers();
-    void searchAnswersUnderAnotherScreen();
     void fallbackFindsThePicture();
+    void nothingStaysBehind();
 
     // What goes wrong
     void nobodyWaitsForTheAnswer_data();
@@ -42,11 +41,6 @@ private Q_SLOTS:
     void wrongAnswers();
     void hostileRows();
     void hostileNames();
-    void fallbackFails_data();
-    void fallbackFails();
-    void nothingStaysBehind_data();
-    void nothingStaysBehind();
-    void serverGoesAndComes();
 };
 
 namespace {
@@ -190,17 +184,12 @@ void LibraryFaultsTest::asksForRowsInReachAlone()
     QCOMPARE(rowsOnTop(client), count);
     QStringList filled = first;
     QQuickItem *list = topList(client);
-    QStringList story;
-    const auto note = [&](const QString &what) {
-        story.append(list->property("moving").toBool() ? what + " in motion"_s : what);
-    };
-    connect(viewOf(list), &BrowseListView::lookup, this, [&] { note("lookup"_s); });
-    connect(viewOf(list), &BrowseListView::lookupImages, this, [&] { note("pictures"_s); });
+    bool early = false;
+    connect(viewOf(list), &BrowseListView::lookup, this, [&] { early |= list->property("moving").toBool(); });
     int silent = 0;
     for (const auto &each : pulls) {
         QVERIFY(HeldReplies::areTaken(&client.server));
         client.forgetRequests();
-        story.clear();
         QVERIFY(pull(&client, each.first, each.second));
         const qreal top = list->property("contentY").toReal();
         const int from = qMax(0, int(top / rowHeight) - reach);
@@ -212,34 +201,11 @@ void LibraryFaultsTest::asksForRowsInReachAlone()
         }
         const QStringList whole{ofUris("library.lookup"_s, missing), ofUris("library.get_images"_s, missing)};
         silent += missing.isEmpty();
-        QCOMPARE(story, missing.isEmpty() ? QStringList() : QStringList({"lookup"_s, "pictures"_s}));
+        QVERIFY2(!early, "a list in motion asks for nothing");
         QVERIFY(listener.sent(missing.isEmpty() ? QStringList() : whole));
         filled += missing;
     }
     QVERIFY(silent > 0 && filled.size() > 2 * first.size()); // both have been seen
-}
-
-void LibraryFaultsTest::directoriesAskForNothing()
-{
-    PlayingListener listener;
-    ClientWindow &client = listener.client;
-    QVERIFY(listener.openAlbums(0));
-    QJsonArray rows;
-    for (int i = 0; i < 12; ++i)
-        rows << MopidyModels::ref("directory"_s, "local:%1"_s.arg(i), "Directory %1"_s.arg(i));
-    for (int i = 0; i < 30; ++i)
-        rows << trackRef(listener.track(i));
-    QVERIFY(HeldReplies::areTaken(&client.server));
-    client.forgetRequests();
-    QVERIFY(showRows(&listener, rows));
-    QVERIFY(listener.sent({ofUri("library.browse"_s, listener.track(0).albumUri)}));
-    QVERIFY(listener.shows("directory"_s)); // the heading
-    QVERIFY(pull(&client, -200, false));
-    QVERIFY(client.showsText("track"_s));
-    QVERIFY(listener.sent({}));
-    while (topList(client)->property("contentY").toReal() < 44 + 12 * 44 + 44 + rowHeight)
-        QVERIFY(pull(&client, -200, false));
-    QTRY_COMPARE(client.requests().filter("library.lookup"_s).size(), 1);
 }
 
 void LibraryFaultsTest::searchAnswers()
@@ -247,7 +213,6 @@ void LibraryFaultsTest::searchAnswers()
     const QString solo = R"({"artists":[{"uri":"x:1","name":"Solo"}]})"_s;
     const QString six = "a b c d e f"_s;
     const QPair<QJsonValue, QString> cases[] = {
-        {QJsonArray{found("a"_s, "x y"_s)}, "x y"_s},
         {QJsonArray{found("a"_s, "x"_s), found("b"_s, "y"_s)}, "Tracks Show more... y y"_s},
         {QJsonArray{found("a"_s, six), found("b"_s, six)}, "Tracks Show more... a b c d e a b c d e"_s},
         {json(R"([{"tracks":[],"artists":[]}])"_s), QString()},
@@ -255,124 +220,73 @@ void LibraryFaultsTest::searchAnswers()
          "Tracks Show more... a b c d e Artists Show more... Solo"_s},
         {json("[%1]"_s.arg(solo)), "Solo"_s},
         {json(R"({"tracks":[1]})"_s), QString()},
-        {json(R"([null,7,"tracks",[%1]])"_s.arg(solo)), QString()},
-        {json(R"([{"tracks":7,"albums":%1}])"_s.arg(solo)), QString()},
+        {json(R"([null,7,"tracks",[{"artists":[{"uri":"x:1","name":"Solo"}]}]])"_s), QString()},
+        {json(R"([{"tracks":7,"albums":{}}])"_s), QString()},
         {json(R"([{"artists":[7,null]}])"_s), QString()},
     };
     PlayingListener listener;
     answerSearches(&listener, QJsonArray());
     QVERIFY(listener.search("x"_s));
-    for (int change = 0; change < 30; ++change) {
+    for (int change = 0; change < 15; ++change) {
         const auto &each = cases[change % std::size(cases)];
         QVERIFY(searchAgain(&listener, each.first));
         const auto names = [&] {
-            QStringList texts;
-            for (const QString &text : rowsOf(listener.client)) {
-                if (text != "\n"_s && !text.startsWith("qrc:"_s))
-                    texts << text;
-            }
+            QStringList texts = rowsOf(listener.client);
+            texts.removeAll("\n"_s);
+            const QStringList pictures = texts.filter("qrc:"_s);
+            for (const QString &picture : pictures)
+                texts.removeAll(picture);
             return texts.join(QLatin1Char(' '));
         };
-        QVERIFY2(Waiting::comes([&] { return names() == each.second; }),
-                 qPrintable(textOf(each.first) + ": "_s + names()));
+        QTRY_COMPARE(names(), each.second);
         if (rowsOnTop(listener.client) > 5)
             QVERIFY(pull(&listener.client, -100, false)); // another heading at the top
     }
 }
 
-void LibraryFaultsTest::searchAnswersUnderAnotherScreen()
-{
-    PlayingListener listener;
-    ClientWindow &client = listener.client;
-    answerSearches(&listener, listener.results(6));
-    QVERIFY(listener.search("x"_s));
-    QVERIFY(listener.shows(listener.details(album)));
-    HeldReplies search(&client.server, {"core.library.search"_s});
-    client.click({405, 44 + 25});
-    QVERIFY(search.wait());
-    QVERIFY(client.clickOn(listener.track(100).albumName));
-    QVERIFY(listener.shows(listener.details(101)));
-    const QStringList before = rowsOf(client);
-    QVERIFY(search.answer({{"result"_s, QJsonArray{found("a"_s, "Late"_s)}}}));
-    QCOMPARE(rowsOf(client), before);
-    QVERIFY(goBack(&listener));
-    QTRY_VERIFY(rowsOf(client).contains("Late"_s));
-    QCOMPARE(rowsOnTop(client), 1);
-}
-
-// The service that knows pictures where the music server has none, by album.
-class PictureService final
-{
-public:
-    explicit PictureService(Listener *listener) : m_listener(listener)
-    {
-        server.listen();
-        qputenv("HALVORA_LASTFM_ENDPOINT", server.url({}).toUtf8());
-    }
-
-    ~PictureService() { qputenv("HALVORA_LASTFM_ENDPOINT", "http://"); }
-
-    // No album of the list has a picture of its own.
-    void emptyShelves()
-    {
-        QJsonObject none;
-        for (int position = 0; position < m_listener->client.server.catalogue().trackCount(); position += 10)
-            none.insert(m_listener->track(position).albumUri, QJsonArray());
-        m_listener->client.server.faults().results.insert("core.library.get_images"_s, none);
-    }
-
-    // Answers every question; "%1" stands for the number of the question.
-    void know(const QByteArray &answer)
-    {
-        QObject::connect(&server, &ArtworkServer::requestReceived, &server,
-                         [this, answer](const QString &path) {
-                             if (!path.startsWith("/2.0/"_s))
-                                 return;
-                             QByteArray numbered = answer;
-                             server.setFile(path, "application/json",
-                                            numbered.replace("%1", QByteArray::number(++m_questions)));
-                         });
-    }
-
-    void knowPictures()
-    {
-        QImage image(64, 64, QImage::Format_RGB32);
-        image.fill(colour);
-        QBuffer png;
-        image.save(&png, "PNG");
-        for (int number = 1; number <= 5; ++number)
-            server.setFile("/%1.png"_s.arg(number), "image/png", png.data());
-        know(R"({"album":{"image":[{"#text":")" + server.url("/%1.png"_s).toUtf8()
-             + R"(","size":"small"}]}})");
-    }
-
-    static constexpr Qt::GlobalColor colour = Qt::red;
-    ArtworkServer server;
-
-private:
-    Listener *m_listener;
-    int m_questions = 0;
-};
-
-// Where the picture of the row at that place stands.
-static QPoint pictureOf(const ClientWindow &client, const QString &row)
-{
-    return client.itemWithText(row)->mapToScene({-50, 20}).toPoint();
-}
-
+// Where the music server has no picture, another service is asked; the screen is left once while that still answers.
 void LibraryFaultsTest::fallbackFindsThePicture()
 {
     Listener listener{Catalogue(1, 50)};
-    PictureService service(&listener);
-    service.knowPictures();
+    ClientWindow &client = listener.client;
+    QImage image(64, 64, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QBuffer png;
+    image.save(&png, "PNG");
+    ArtworkServer service;
+    QVERIFY(service.listen());
+    qputenv("HALVORA_LASTFM_ENDPOINT", service.url({}).toUtf8());
+    connect(&service, &ArtworkServer::requestReceived, this, [&](const QString &path) {
+        if (!path.startsWith("/2.0/"_s))
+            return;
+        const QString picture = "/%1.png"_s.arg(qHash(path));
+        service.setFile(picture, "image/png", png.data());
+        service.setFile(path, "application/json",
+                        R"({"album":{"image":[{"size":"small","#text":")" + service.url(picture).toUtf8()
+                            + R"("}]}})");
+    });
+    service.faults().onlyPath = "/2.0/"_s;
+    service.faults().slowBytesPerTick = 5;
     QVERIFY(listener.start());
-    service.emptyShelves();
+    QVERIFY(listener.openAlbums(0));
+    QVERIFY(listener.shows(listener.track(40).artists.constFirst().name));
+    QVERIFY(goBack(&listener));
+    const int running = ObjectCount::threads();
+    QJsonObject none;
+    for (int position = 0; position < 50; position += 10)
+        none.insert(listener.track(position).albumUri, QJsonArray());
+    client.server.faults().results.insert("core.library.get_images"_s, none);
+    QVERIFY(client.clickOn("Albums"_s));
+    QTRY_COMPARE(service.requestedPaths().filter("/2.0/"_s).size(), 5);
+    client.click(Listener::rightButton);
+    QTRY_COMPARE(ObjectCount::threads(), running);
+    service.faults() = {};
     QVERIFY(listener.openAlbums(0));
     for (int position = 0; position < 50; position += 10) {
-        const QPoint place = pictureOf(listener.client, listener.track(position).albumName);
-        QTRY_COMPARE(listener.client.pixel(place), QColor(PictureService::colour));
+        const QQuickItem *label = client.itemWithText(listener.track(position).albumName);
+        QTRY_COMPARE(client.pixel(label->mapToScene({-50, 20}).toPoint()), QColor(Qt::red));
     }
-    QCOMPARE(service.server.requestedPaths().filter("/2.0/"_s).size(), 5);
+    qputenv("HALVORA_LASTFM_ENDPOINT", "http://");
 }
 
 void LibraryFaultsTest::nobodyWaitsForTheAnswer_data()
@@ -380,7 +294,6 @@ void LibraryFaultsTest::nobodyWaitsForTheAnswer_data()
     Rows::add("screen leaves methods"_s, R"(
         library popped   ; library   ; pops   ; library.browse library.lookup library.get_images
         library closed   ; library   ; closes ; library.browse library.lookup library.get_images tracklist.index
-        search popped    ; search    ; pops   ; library.browse library.lookup library.get_images
         search closed    ; search    ; closes ; library.search library.browse library.lookup library.get_images
         playlists popped ; playlists ; pops   ; playlists.get_items library.lookup library.get_images
         playlists closed ; playlists ; closes ; playlists.get_items library.lookup library.get_images)"_s);
@@ -443,17 +356,12 @@ void LibraryFaultsTest::wrongAnswers()
     const QString rubbish =
         R"({"result":{"":[{}],"x:1":[{"uri":"x:1"}],"%1":null,"%2":7,"%3":{},"%4":[null],)"
         R"("%5":[[]],"%6":[{"uri":1}]}})"_s;
-    const QStringList replies{R"({"result":null})"_s,
-                              R"({"result":1e300})"_s,
-                              R"({"result":"local:track:1"})"_s,
-                              R"({"result":{}})"_s,
-                              R"({"jsonrpc":"2.0"})"_s,
-                              R"({"error":{"code":0,"message":"Broken"}})"_s,
-                              rubbish.arg(known[0], known[1], known[2], known[3], known[4], known[5]),
-                              R"({"result":[null,7,"x",[],[7]]})"_s};
+    const QString list = R"({"result":[null,7,"x",[],[7]]})"_s;
     QVERIFY(listener.start());
     QVERIFY(listener.openAlbums(0));
-    for (const QString &text : replies) {
+    for (const QString &text :
+         {R"({"result":null})"_s, R"({"result":1e300})"_s, R"({"error":{"code":0,"message":"Broken"}})"_s,
+          rubbish.arg(known[0], known[1], known[2], known[3], known[4], known[5]), list}) {
         const QJsonObject reply = json(text).toObject();
         for (const QStringList &methods :
              {QStringList{"core.library.browse"_s},
@@ -476,68 +384,49 @@ void LibraryFaultsTest::wrongAnswers()
             QVERIFY(queue.wait());
             QVERIFY(queue.answer(reply, 2));
         }
-        const QStringList queued = client.requests();
-        QCOMPARE(
-            queued.mid(0, 2),
-            (QStringList{askPosition(), ofUris("tracklist.add"_s, listener.uris(album + 1, album + 2))}));
-        QVERIFY2(text == replies.last() || queued.size() == 2, "nothing was added, so nothing is played");
+        const QString added = ofUris("tracklist.add"_s, listener.uris(album + 1, album + 2));
+        QCOMPARE(client.requests().mid(0, 2), (QStringList{askPosition(), added}));
+        QVERIFY2(text == list || client.requests().size() == 2, "nothing was added, so nothing is played");
         QVERIFY(goBack(&listener));
     }
 }
 
-// A row that is none of ours between two that are: what it shows, and what a tap on it sends.
+// Rows that are none of ours ahead of one that is: which are shown, and what a tap on them sends.
 void LibraryFaultsTest::hostileRows()
 {
     PlayingListener listener;
     ClientWindow &client = listener.client;
     QVERIFY(listener.openAlbums(0));
     const QString twin = listener.track(1).uri;
-    struct Case
-    {
-        QString row;
-        bool shown;
-        QStringList sent; // by a tap on it
-    };
-    const Case cases[] = {
-        {R"({"type":"track","name":"Odd"})"_s, true, {}},
-        {R"({"type":"track","uri":7,"name":"Odd"})"_s, true, {}},
-        {R"({"type":"directory","name":"Odd"})"_s, true, {}},
-        {R"({"type":"album","name":"Odd"})"_s, true, {}},
-        {R"({"type":"track","uri":"x:1"})"_s, false, {}},
-        {R"({"type":"album","uri":"x:1","name":{}})"_s, false, {}},
-        {R"({"uri":"x:1","name":"Odd"})"_s, false, {}},
-        {R"({"type":7,"uri":"x:1","name":"Odd"})"_s, false, {}},
-        {R"({"type":"image","uri":"x:1","name":"Odd"})"_s, false, {}},
-        {R"({"type":"track","uri":"%1","name":"Odd"})"_s.arg(twin), true, {askPosition(), add({twin}, 1)}},
-        {R"({"type":"directory","uri":"%1","name":"Odd"})"_s.arg(twin),
-         true,
-         {ofUri("library.browse"_s, twin)}},
-        {R"({"type":"artist","uri":"x:1","name":"Odd"})"_s, true, {ofUri("library.browse"_s, "x:1"_s)}},
-        {"null"_s, false, {}},
-        {R"(["track"])"_s, false, {}},
-    };
+    QJsonArray rows;
+    for (const QString &row :
+         {R"({"type":"track","uri":7,"name":"A"})"_s, R"({"type":"directory","name":"B"})"_s,
+          R"({"type":7,"uri":"x:1","name":"C"})"_s, R"({"type":"image","uri":"x:1","name":"D"})"_s, "null"_s,
+          R"(["track"])"_s, R"({"type":"track","uri":"%1","name":"E"})"_s.arg(twin),
+          R"({"type":"artist","uri":"x:1","name":"F"})"_s})
+        rows << json(row);
+    rows << trackRef(listener.track(1));
     client.server.faults().results.insert("core.tracklist.add"_s, QJsonValue()); // plays nothing
-    for (const Case &each : cases) {
-        const QByteArray row = each.row.toUtf8();
-        QVERIFY2(
-            showRows(&listener, {trackRef(listener.track(0)), json(each.row), trackRef(listener.track(1))}),
-            row);
-        QTRY_VERIFY2(client.showsText(listener.track(1).name), row);
-        QVERIFY2(client.showsText("Odd"_s) == each.shown, row);
-        for (const int neighbour : {0, 1}) {
-            QVERIFY(HeldReplies::areTaken(&client.server));
-            client.forgetRequests();
-            QVERIFY(client.clickOn(listener.track(neighbour).name));
-            QVERIFY2(listener.sent({askPosition(), add(listener.uris(neighbour, neighbour + 1), 1)}), row);
-        }
-        const QQuickItem *list = topList(client);
-        QVERIFY(!each.shown || client.clickOn("Odd"_s));
-        QTRY_VERIFY2(client.requests().size() >= each.sent.size(), row);
+    QVERIFY(showRows(&listener, rows));
+    QVERIFY(listener.shows("F"_s) && !client.showsText("C"_s) && !client.showsText("D"_s));
+    const QStringList added{askPosition(), add({twin}, 1)};
+    const QPair<QString, QStringList> taps[] = {
+        {listener.track(1).name, added},
+        {"A"_s, {}},
+        {"B"_s, {}},
+        {"E"_s, added},
+        {"F"_s, {ofUri("library.browse"_s, "x:1"_s)}},
+    };
+    for (const auto &tap : taps) {
         QVERIFY(HeldReplies::areTaken(&client.server));
-        QCOMPARE(client.requests().mid(0, 2), each.sent);
+        client.forgetRequests();
+        const QQuickItem *list = topList(client);
+        QVERIFY2(client.clickOn(tap.first), qPrintable(tap.first));
+        QTRY_VERIFY2(client.requests().size() >= tap.second.size(), qPrintable(tap.first));
+        QVERIFY(HeldReplies::areTaken(&client.server));
+        QCOMPARE(client.requests().mid(0, 2), tap.second);
         while (topList(client) != list)
             QVERIFY(goBack(&listener));
-        QVERIFY(goBack(&listener));
     }
 }
 
@@ -546,19 +435,10 @@ void LibraryFaultsTest::hostileNames()
     PlayingListener listener;
     ClientWindow &client = listener.client;
     QVERIFY(listener.openAlbums(0));
-    const QString names[] = {
-        "<b>x</b>"_s,
-        "<img src=\"qrc:/HalvoraImgs/Images/menu_dots.png\"> x"_s,
-        "\"x' \\\" %1 %2 %n"_s,
-        "שלום x \u202E עולם"_s,
-        "x"_s + QString(200, QChar(0x0301)),
-        "one\ntwo\r\n\tthree"_s,
-        QString(QChar(0xd800)) + "x"_s,
-        QString(10000, QLatin1Char('W')),
-        "x "_s.repeated(5000),
-    };
-    client.server.faults().results.insert("core.tracklist.add"_s, QJsonValue()); // plays nothing
-    for (const QString &name : names) {
+    for (const QString &name :
+         {"<img src=\"qrc:/HalvoraImgs/Images/menu_dots.png\"> x"_s, "\"x' \\\" %1 %2 %n"_s,
+          "שלום x \u202E עולם"_s, "x"_s + QString(200, QChar(0x0301)), "one\ntwo\r\n\tthree"_s,
+          QString(QChar(0xd800)) + "x"_s, QString(10000, QLatin1Char('W'))}) {
         QJsonArray rows;
         for (const char *type : {"directory", "track", "album", "artist"})
             rows << MopidyModels::ref(QLatin1String(type), "x:"_s + QLatin1String(type), name);
@@ -570,8 +450,6 @@ void LibraryFaultsTest::hostileNames()
         QCOMPARE(SceneItems::strays(topList(client)), QStringList());
         client.forgetRequests();
         const QQuickItem *list = topList(client);
-        QVERIFY(client.clickOn(listener.track(0).name));
-        QTRY_VERIFY(client.requests().contains(add(listener.uris(0, 1), 1)));
         QVERIFY(client.clickOn(name)); // its directory
         QTRY_VERIFY(client.requests().contains(ofUri("library.browse"_s, "x:directory"_s)));
         QTRY_VERIFY(topList(client) != list);
@@ -581,86 +459,21 @@ void LibraryFaultsTest::hostileNames()
     }
 }
 
-using Spoil = void (*)(PictureService &);
-Q_DECLARE_METATYPE(Spoil)
-
-void LibraryFaultsTest::fallbackFails_data()
-{
-    QTest::addColumn<Spoil>("spoil");
-    QTest::addColumn<bool>("closes");
-    QTest::newRow("rubbish") << Spoil([](PictureService &service) { service.know("<html>"); }) << false;
-    QTest::newRow("slow, and left") << Spoil([](PictureService &service) {
-        service.knowPictures();
-        service.server.faults().onlyPath = "/2.0/"_s;
-        service.server.faults().slowBytesPerTick = 5;
-    }) << true;
-    QTest::newRow("down") << Spoil([](PictureService &) {
-        qputenv("HALVORA_LASTFM_ENDPOINT", "http://127.0.0.1:1");
-    }) << false;
-}
-
-// The list stays as it is, and no thread is left when the service has been asked; walking goes on.
-void LibraryFaultsTest::fallbackFails()
-{
-    QFETCH(Spoil, spoil);
-    QFETCH(bool, closes);
-    Listener listener{Catalogue(1, 50)};
-    ClientWindow &client = listener.client;
-    PictureService service(&listener);
-    spoil(service);
-    QVERIFY(listener.start());
-    QVERIFY(listener.openAlbums(0));
-    QVERIFY(listener.shows(listener.track(40).artists.constFirst().name));
-    QVERIFY(goBack(&listener));
-    const int running = ObjectCount::threads();
-    service.emptyShelves();
-    QVERIFY(client.clickOn("Albums"_s));
-    QVERIFY(listener.shows(listener.track(40).artists.constFirst().name));
-    if (closes)
-        client.click(Listener::rightButton);
-    QTRY_COMPARE(ObjectCount::threads(), running);
-    QVERIFY(closes || client.showsText(listener.track(40).albumName));
-    QVERIFY(closes || client.clickOn(listener.track(40).albumName));
-    QVERIFY(closes ? listener.openAlbum(40) : listener.shows(listener.details(40)));
-}
-
-void LibraryFaultsTest::nothingStaysBehind_data()
-{
-    QTest::addColumn<QString>("screen");
-    QTest::addColumn<int>("rows");        // with their sections, of each opening
-    QTest::addColumn<int>("rowsFurther"); // of the screens that are pushed now and then
-    QTest::newRow("library") << "library"_s << 3 + 1 << 3 + 1 + 24 + 1;
-    QTest::newRow("search") << "search"_s << 0 << 8 + 3 + 10 + 1;
-}
-
 // Rows are nobody's, and all that may stay.
 void LibraryFaultsTest::nothingStaysBehind()
 {
-    constexpr int rounds = 200;
-    constexpr int pushes = 10;
-    QFETCH(QString, screen);
-    QFETCH(int, rows);
-    QFETCH(int, rowsFurther);
+    constexpr int rounds = 100;
+    constexpr int rows = 3 + 1; // with their section
     PlayingListener listener;
     ClientWindow &client = listener.client;
-    const bool library = screen == "library"_s;
-    answerSearches(&listener, listener.results(6));
-    const auto push = [&] {
-        if (library)
-            return client.clickOn("Local media"_s) && client.clickOn("Albums"_s)
-                && listener.shows(listener.track(0).albumName);
-        listener.searchFor("x"_s);
-        return client.clickOn(listener.track(100).albumName) && listener.shows(listener.details(101));
-    };
-    const auto round = [&](bool pushed) {
-        client.click(library ? Listener::libraryButton : Listener::searchButton);
-        if (!listener.shows(library ? "Local media"_s : "Search"_s))
+    const auto round = [&] {
+        client.click(Listener::libraryButton);
+        if (!listener.shows("Local media"_s))
             return false;
         const QPointer<QQuickItem> view(viewOf(topList(client)));
-        if (!view || (pushed && !push()))
-            return false;
+        const bool isOpen = view != nullptr;
         client.click(Listener::rightButton);
-        return Waiting::comes([&] { return !view; });
+        return isOpen && Waiting::comes([&] { return !view; });
     };
     const auto alive = [&] {
         client.view.engine()->collectGarbage();
@@ -668,48 +481,15 @@ void LibraryFaultsTest::nothingStaysBehind()
         return ObjectCount::alive();
     };
     ObjectCount::alive();
-    QVERIFY(round(true)); // what is made once for all
+    QVERIFY(round()); // what is made once for all
     const int objects = alive();
     const int running = ObjectCount::threads();
     for (int i = 0; i < rounds; ++i)
-        QVERIFY(round(i % (rounds / pushes) == 0));
+        QVERIFY(round());
     constexpr int passing = 50; // of the mirror, and pictures on their way
-    QTRY_VERIFY2(alive() - objects <= rounds * rows + pushes * rowsFurther + passing,
-                 QByteArray::number(alive() - objects));
+    QTRY_VERIFY2(alive() - objects <= rounds * rows + passing, QByteArray::number(alive() - objects));
     QTRY_COMPARE(ObjectCount::threads(), running);
     QVERIFY(!client.item("NavigationBar"_s, 1)); // but that of the playlists
-}
-
-void LibraryFaultsTest::serverGoesAndComes()
-{
-    PlayingListener listener;
-    ClientWindow &client = listener.client;
-    QVERIFY(listener.openAlbums(album));
-    const int sockets = client.server.acceptedSockets();
-    {
-        const HeldReplies silence(&client.server, {"core.library.browse"_s});
-        QVERIFY(client.clickOn(listener.track(album).albumName));
-        QVERIFY(silence.wait());
-        client.server.stopListening();
-        client.server.dropAll();
-        QTRY_COMPARE(client.server.liveSockets(), 0);
-    }
-    QVERIFY(goBack(&listener));
-    QVERIFY(client.clickOn(listener.track(0).albumName)); // reaches nobody
-    QVERIFY(goBack(&listener));
-    QVERIFY(client.server.listenAgain());
-    QTRY_VERIFY(client.server.acceptedSockets() > sockets);
-    QVERIFY(HeldReplies::areTaken(&client.server));
-    QVERIFY(client.clickOn(listener.track(album).albumName));
-    QVERIFY(listener.shows(listener.details(album)));
-    client.click(Listener::rightButton);
-    QVERIFY(listener.openPlaylists());
-    const int earlier = client.server.acceptedSockets();
-    client.server.dropAll();
-    QTRY_COMPARE(client.server.acceptedSockets(), earlier + 2); // after each of the two delays
-    QVERIFY(HeldReplies::areTaken(&client.server));
-    QVERIFY(client.clickOn("Morning"_s));
-    QVERIFY(listener.shows(listener.details(30)));
 }
 
 HALVORA_SUITE_MAIN(LibraryFaultsTest)
