@@ -22,24 +22,19 @@ private Q_SLOTS:
 
     // What works
     void walksFromTheRootToATrack();
-    void barNamesTheScreens();
-    void menuOfATrack_data();
-    void menuOfATrack();
-    void menuOfAnAlbum_data();
-    void menuOfAnAlbum();
+    void menusOfTheLibrary_data();
+    void menusOfTheLibrary();
     void itemsJoinAPlaylist_data();
     void itemsJoinAPlaylist();
     void searchShowsFiveOfAKind();
     void searchInOneService();
     void tracksOfASearch();
     void playlistIsOpened();
-    void menuOfAPlaylist_data();
     void menuOfAPlaylist();
-    void playlistIsNamed_data();
-    void playlistIsNamed();
+    void playlistIsMade();
+    void playlistIsRenamed();
     void playlistIsDeleted();
     void playlistIsTiedToASlot();
-    void playlistsFollowTheServer();
 };
 
 // In the dialogs, whose box of 300 by 200 stands in the middle.
@@ -48,9 +43,12 @@ static QPoint okOf(const QQuickItem *dialog)
     return dialog->mapToScene({dialog->width() / 2 - 75, dialog->height() / 2 + 75}).toPoint();
 }
 
-static QPoint fieldOf(const QQuickItem *dialog)
+static void enterName(ClientWindow *client, const QString &name)
 {
-    return dialog->mapToScene({dialog->width() / 2, dialog->height() / 2 + 30}).toPoint();
+    const QQuickItem *dialog = client->item("PlaylistSaveDialog"_s);
+    client->click(dialog->mapToScene({dialog->width() / 2, dialog->height() / 2 + 30}).toPoint());
+    client->type(name);
+    client->click(okOf(dialog));
 }
 
 static constexpr int album = 10; // its first track, in the catalogue
@@ -66,7 +64,13 @@ void LibraryTest::walksFromTheRootToATrack()
     ClientWindow &client = listener.client;
     client.click(Listener::libraryButton);
     QVERIFY(listener.sent({call("library.browse"_s, {{"uri"_s, QJsonValue()}})}));
+    const auto bar = [&] {
+        const QQuickItem *bar = client.item("NavigationBar"_s); // that of the playlists waits below
+        return bar->property("backText").toString() + "|"_s + bar->property("title").toString();
+    };
+    QCOMPARE(bar(), "|"_s);
     QVERIFY(client.clickOn("Local media"_s));
+    QTRY_COMPARE(bar(), "Music|Local media"_s);
     QVERIFY(listener.sent({ofUri("library.browse"_s, "local:directory"_s)}));
     QVERIFY(client.clickOn("Albums"_s));
     QStringList albums;
@@ -84,86 +88,52 @@ void LibraryTest::walksFromTheRootToATrack()
     QTRY_COMPARE(client.server.playback()->current().track.uri, tracks.at(4));
 }
 
-void LibraryTest::barNamesTheScreens()
+// Rows of the menus of a track in the middle of an album, and of the album itself.
+void LibraryTest::menusOfTheLibrary_data()
 {
-    PlayingListener listener;
-    listener.client.click(Listener::libraryButton);
-    const auto bar = [&] {
-        const QQuickItem *bar = listener.client.item("NavigationBar"_s); // that of the playlists waits below
-        return bar->property("backText").toString() + "|"_s + bar->property("title").toString();
-    };
-    QVERIFY(listener.shows("Local media"_s));
-    QCOMPARE(bar(), "|"_s);
-    QVERIFY(listener.client.clickOn("Local media"_s));
-    QTRY_COMPARE(bar(), "Music|Local media"_s);
-    listener.client.click(Listener::backButton);
-    QTRY_COMPARE(bar(), "Music|Music"_s);
-    listener.client.click(Listener::rightButton);
-    QTRY_VERIFY(!listener.client.showsText("Local media"_s));
-}
-
-void LibraryTest::menuOfATrack_data()
-{
-    QTest::addColumn<QString>("row"); // its beginning
+    QTest::addColumn<QString>("row"); // its beginning, where the name stands behind it
+    QTest::addColumn<bool>("ofAlbum");
     QTest::addColumn<bool>("all");
     QTest::addColumn<bool>("next");
     QTest::addColumn<bool>("plays");
-    QTest::newRow("play it") << "Play Now \""_s << false << true << true;
-    QTest::newRow("play all from it") << "Play All Now"_s << true << true << true;
-    QTest::newRow("play it next") << "Play Track Next"_s << false << true << false;
-    QTest::newRow("queue it") << "Add to Queue"_s << false << false << false;
-    QTest::newRow("queue all from it") << "Add All to Queue"_s << true << false << false;
+    const auto row = [](const char *text, bool ofAlbum, bool all, bool next, bool plays) {
+        QTest::addRow("%s %s", ofAlbum ? "album" : "track", text)
+            << QString::fromLatin1(text) << ofAlbum << all << next << plays;
+    };
+    row("Play Now \"", false, false, true, true);
+    row("Play All Now", false, true, true, true);
+    row("Play Track Next", false, false, true, false);
+    row("Add to Queue", false, false, false, false);
+    row("Add All to Queue", false, true, false, false);
+    row("Play Now \"", true, false, true, true);
+    row("Play Track Next", true, false, true, false);
+    row("Add to Queue", true, false, false, false);
 }
 
-void LibraryTest::menuOfATrack()
+void LibraryTest::menusOfTheLibrary()
 {
     QFETCH(QString, row);
+    QFETCH(bool, ofAlbum);
     QFETCH(bool, all);
     QFETCH(bool, next);
     QFETCH(bool, plays);
     PlayingListener listener;
-    QVERIFY(listener.openAlbum(album));
-    const QString name = listener.track(album + 3).name;
+    ClientWindow &client = listener.client;
+    const CatalogueTrack track = listener.track(album + 3);
+    QVERIFY(ofAlbum ? listener.openAlbums(album) && listener.shows(track.artists.constFirst().name)
+                    : listener.openAlbum(album));
+    client.forgetRequests();
+    const QString name = ofAlbum ? track.albumName : track.name;
     QVERIFY(listener.openMenuOf(name));
-    QVERIFY(listener.client.clickOn(row.endsWith(QLatin1Char('"')) ? row + name + "\""_s : row));
-    const QStringList uris = listener.uris(album + 3, all ? album + 10 : album + 4);
+    QVERIFY(client.clickOn(row.endsWith(QLatin1Char('"')) ? row + name + "\""_s : row));
+    const QStringList uris = ofAlbum ? QStringList{track.albumUri}
+                                     : listener.uris(album + 3, all ? album + 10 : album + 4);
     QStringList expected{next ? add(uris, 1) : ofUris("tracklist.add"_s, uris)};
     if (next)
         expected.prepend(askPosition());
     if (plays)
         expected.append(play(3));
     QVERIFY(listener.sent(expected));
-}
-
-void LibraryTest::menuOfAnAlbum_data()
-{
-    QTest::addColumn<QString>("row");
-    QTest::addColumn<QStringList>("requests"); // by name
-    QTest::newRow("play") << "Play Now"_s << QStringList{"index"_s, "add"_s, "play"_s};
-    QTest::newRow("next") << "Play Track Next"_s << QStringList{"index"_s, "add"_s};
-    QTest::newRow("queue") << "Add to Queue"_s << QStringList{"add"_s};
-}
-
-void LibraryTest::menuOfAnAlbum()
-{
-    QFETCH(QString, row);
-    QFETCH(QStringList, requests);
-    PlayingListener listener;
-    QVERIFY(listener.openAlbums(album));
-    const CatalogueTrack first = listener.track(album);
-    QVERIFY(listener.shows(first.artists.constFirst().name));
-    listener.client.forgetRequests();
-    QVERIFY(listener.openMenuOf(first.albumName));
-    QVERIFY(listener.client.clickOn(row == "Play Now"_s ? row + " \""_s + first.albumName + "\""_s : row));
-    QStringList expected;
-    const bool next = requests.contains("index"_s);
-    if (next)
-        expected.append(askPosition());
-    expected.append(next ? add({first.albumUri}, 1) : ofUris("tracklist.add"_s, {first.albumUri}));
-    if (requests.contains("play"_s))
-        expected.append(play(3));
-    QVERIFY(listener.sent(expected));
-    QTRY_COMPARE(listener.client.server.tracklist()->entries().size(), 12);
 }
 
 void LibraryTest::itemsJoinAPlaylist_data()
@@ -191,9 +161,7 @@ void LibraryTest::itemsJoinAPlaylist()
     QVERIFY(ofAlbum ? listener.openAlbums(album) : listener.openAlbum(album));
     const CatalogueTrack track = listener.track(from);
     QVERIFY(listener.openMenuOf(ofAlbum ? track.albumName : track.name));
-    QVERIFY(listener.client.clickOn(row));
-    QVERIFY(listener.shows("Evening"_s));
-    QVERIFY(listener.client.clickOn("Evening"_s));
+    QVERIFY(listener.client.clickOn(row) && listener.client.clickOn("Evening"_s));
     QTRY_COMPARE(shelf->find(uri)->trackUris, listener.uris(40, 41) + listener.uris(from, to));
     QCOMPARE(shelf->playlists().at(0).trackUris, listener.uris(30, 33));
 }
@@ -226,25 +194,19 @@ void LibraryTest::searchInOneService()
 {
     PlayingListener listener;
     ClientWindow &client = listener.client;
-    QTRY_COMPARE(client.server.requestCount("core.get_uri_schemes"_s), 0);
     client.click(Listener::searchButton);
-    QVERIFY(client.clickOn("Show filters"_s));
-    QVERIFY(client.clickOn("Local files"_s));
-    QVERIFY(listener.closeFilters());
     QVERIFY(client.clickOn("Search"_s)); // with an empty field
     QVERIFY(listener.sent({}));
     client.click({150, 44 + 20});
     client.type("Winter"_s);
-    QVERIFY(client.clickOn("Search"_s));
-    QTRY_COMPARE(client.requests().filter("library.search"_s),
-                 QStringList{searchCall("Winter"_s, QJsonArray{"local:"_s})});
-    client.forgetRequests();
-    QVERIFY(client.clickOn("Show filters"_s));
-    QVERIFY(client.clickOn("All services"_s));
-    QVERIFY(listener.closeFilters());
-    QVERIFY(client.clickOn("Search"_s));
-    QTRY_COMPARE(client.requests().filter("library.search"_s),
-                 QStringList{searchCall("Winter"_s, QJsonObject())});
+    for (const auto &filter : {qMakePair("Local files"_s, QJsonValue(QJsonArray{"local:"_s})),
+                               qMakePair("All services"_s, QJsonValue(QJsonObject()))}) {
+        client.forgetRequests();
+        QVERIFY(client.clickOn("Show filters"_s) && client.clickOn(filter.first) && listener.closeFilters());
+        QVERIFY(client.clickOn("Search"_s));
+        QTRY_COMPARE(client.requests().filter("library.search"_s),
+                     QStringList{searchCall("Winter"_s, filter.second)});
+    }
 }
 
 // On the first screen a track plays by its menu alone, and an album leads on.
@@ -286,62 +248,46 @@ void LibraryTest::playlistIsOpened()
     QTRY_COMPARE(listener.client.item("PlaylistsNavPopup"_s)->y(), 645.0);
 }
 
-void LibraryTest::menuOfAPlaylist_data()
-{
-    QTest::addColumn<QString>("row");
-    QTest::addColumn<bool>("replaces");
-    QTest::newRow("play") << "Play Now \"Morning\""_s << true;
-    QTest::newRow("queue") << "Add to Queue"_s << false;
-}
-
 void LibraryTest::menuOfAPlaylist()
 {
-    QFETCH(QString, row);
-    QFETCH(bool, replaces);
-    PlayingListener listener;
-    QVERIFY(listener.openPlaylists());
-    QVERIFY(listener.openPlaylistMenu());
-    QVERIFY(listener.client.clickOn(row));
-    QStringList expected{ofUri("playlists.get_items"_s, listener.playlistUri(0))};
-    if (replaces)
-        expected << call("playback.stop"_s) << call("tracklist.clear"_s);
-    expected << ofUris("tracklist.add"_s, listener.uris(30, 33));
-    if (replaces)
-        expected << play(3);
-    QVERIFY(listener.sent(expected));
+    for (const bool replaces : {true, false}) {
+        PlayingListener listener;
+        QVERIFY(listener.openPlaylists() && listener.openPlaylistMenu());
+        QVERIFY(listener.client.clickOn(replaces ? "Play Now \"Morning\""_s : "Add to Queue"_s));
+        QStringList expected{ofUri("playlists.get_items"_s, listener.playlistUri(0))};
+        if (replaces)
+            expected << call("playback.stop"_s) << call("tracklist.clear"_s);
+        expected << ofUris("tracklist.add"_s, listener.uris(30, 33));
+        if (replaces)
+            expected << play(3);
+        QVERIFY(listener.sent(expected));
+    }
 }
 
-void LibraryTest::playlistIsNamed_data()
+void LibraryTest::playlistIsMade()
 {
-    QTest::addColumn<bool>("renames");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("a new one") << false << "Dinner"_s;
-    QTest::newRow("a new one without a name") << false << QString();
-    QTest::newRow("rename") << true << "Lunch"_s;
+    for (const QString &name : {"Dinner"_s, QString()}) {
+        PlayingListener listener;
+        QVERIFY(listener.openPlaylists() && listener.client.clickOn("Add"_s));
+        QVERIFY(listener.shows("Create new playlist with name"_s));
+        enterName(&listener.client, name);
+        QVERIFY(listener.sent({call("playlists.create"_s, {{"name"_s, name}, {"uri_scheme"_s, "m3u"_s}})}));
+        QTRY_VERIFY(!listener.client.item("PlaylistSaveDialog"_s));
+    }
 }
 
-void LibraryTest::playlistIsNamed()
+void LibraryTest::playlistIsRenamed()
 {
-    QFETCH(bool, renames);
-    QFETCH(QString, name);
     PlayingListener listener;
-    ClientWindow &client = listener.client;
-    QVERIFY(listener.openPlaylists());
-    QVERIFY(!renames || listener.openPlaylistMenu());
-    QVERIFY(client.clickOn(renames ? "Rename"_s : "Add"_s));
-    QVERIFY(
-        listener.shows(renames ? "Rename current playlist with name"_s : "Create new playlist with name"_s));
-    client.click(fieldOf(client.item("PlaylistSaveDialog"_s)));
-    client.type(name);
-    client.forgetCommands();
-    client.click(okOf(client.item("PlaylistSaveDialog"_s)));
-    if (renames)
-        QTRY_COMPARE(client.commands(),
-                     QStringList{"UI_COMMAND|2010|100|"_s + listener.playlistUri(0) + "|Lunch"_s});
-    QVERIFY(listener.sent(
-        renames ? QStringList()
-                : QStringList{call("playlists.create"_s, {{"name"_s, name}, {"uri_scheme"_s, "m3u"_s}})}));
-    QTRY_VERIFY(!client.item("PlaylistSaveDialog"_s));
+    QVERIFY(listener.openPlaylists() && listener.openPlaylistMenu());
+    QVERIFY(listener.client.clickOn("Rename"_s));
+    QVERIFY(listener.shows("Rename current playlist with name"_s));
+    listener.client.forgetCommands();
+    enterName(&listener.client, "Lunch"_s);
+    QTRY_COMPARE(listener.client.commands(),
+                 QStringList{"UI_COMMAND|2010|100|"_s + listener.playlistUri(0) + "|Lunch"_s});
+    QVERIFY(listener.sent({}));
+    QTRY_VERIFY(!listener.client.item("PlaylistSaveDialog"_s));
 }
 
 // "Cancel" leaves the question standing.
@@ -365,11 +311,9 @@ void LibraryTest::playlistIsTiedToASlot()
 {
     PlayingListener listener;
     ClientWindow &client = listener.client;
-    QVERIFY(listener.openPlaylists());
-    QVERIFY(listener.openPlaylistMenu());
+    QVERIFY(listener.openPlaylists() && listener.openPlaylistMenu());
     QVERIFY(client.clickOn("Associate"_s));
-    QVERIFY(listener.shows("Playlist Entries"_s));
-    QVERIFY(!client.showsText("Add"_s));
+    QVERIFY(listener.shows("Playlist Entries"_s) && !client.showsText("Add"_s));
     client.forgetCommands();
     QVERIFY(client.clickOn("Preset one"_s));
     QTRY_COMPARE(client.commands(), QStringList{"UI_COMMAND|2012|100|"_s + listener.playlistUri(0) + "|4"_s});
@@ -377,16 +321,8 @@ void LibraryTest::playlistIsTiedToASlot()
     client.device.setPlaylistEntries({{4, "Preset one"_s, listener.playlistUri(0)}, {9, "Preset two"_s, {}}});
     QVERIFY(listener.shows("Preset one"_s));
     QTRY_VERIFY(!client.showsText("Preset two"_s));
-}
-
-void LibraryTest::playlistsFollowTheServer()
-{
-    PlayingListener listener;
-    QVERIFY(listener.openPlaylists());
-    listener.client.server.playlists()->put("Night"_s, listener.uris(50, 52));
-    QVERIFY(listener.shows("Night"_s));
-    listener.client.server.playlists()->remove(listener.playlistUri(1));
-    QTRY_VERIFY(!listener.client.showsText("Evening"_s));
+    client.server.playlists()->remove(listener.playlistUri(1)); // the list follows the server
+    QTRY_VERIFY(!client.showsText("Evening"_s));
 }
 
 HALVORA_SUITE_MAIN(LibraryTest)
