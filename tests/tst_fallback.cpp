@@ -15,7 +15,7 @@
 
 namespace {
 
-using Spoil = std::function<void(ArtworkFaults &)>;
+using Spoil = void (*)(ArtworkFaults &);
 
 const QString tail = "&method=album.getInfo&api_key=e94b07d1c3a26f8850dd13f7a8c642b9&format=json"_s;
 const QString before = "640=http://old"_s; // what every item has until its answer comes
@@ -122,8 +122,6 @@ struct Service
 
 } // namespace
 
-Q_DECLARE_METATYPE(Spoil)
-
 class TestFallback final : public Suite
 {
     Q_OBJECT
@@ -133,10 +131,7 @@ private Q_SLOTS:
 
     void requests_data();
     void requests();
-    void widths_data();
-    void widths();
-    void oneSignalBehindTheLastReply();
-    void oneRequestForOneAlbum();
+    void lastOfOneAlbumGetsThePictures();
     void itemsAreFilledInTheirThread();
     void nothingStaysBehind();
 
@@ -144,14 +139,9 @@ private Q_SLOTS:
 
     void answers_data();
     void answers();
-    void failures_data();
     void failures();
-    void noService_data();
     void noService();
-    void emptyBatchIsDone();
     void itemDiesMeanwhile();
-    void receiverDiesMeanwhile();
-    void endOfTheProcess_data();
     void endOfTheProcess();
 };
 
@@ -160,20 +150,15 @@ void TestFallback::requests_data()
     Rows::add("type artist album path"_s, u8R"(
         ; track ; Some Band ; Name Of Album ; Some+Band&album=Name+Of+Album
         no artist ; track ; ; Name Of Album ; &album=Name+Of+Album
-        no album ; track ; A, B ; ; A,+B&album=
-        blanks ; track ; _A__B_ ; C ; +A++B+&album=C
         plus ; track ; A+B ; C ; A+B&album=C
         ampersand ; track ; A & B ; C&D ; A+&amp;+B&album=C&amp;D
         quotes ; track ; "A" <B> ; C's ; &quot;A&quot;+&lt;B&gt;&album=C's
         percent ; track ; A ; 100% Hits ; A&album=100%25+Hits
-        percent and digits ; track ; %2 %1 ; %41 ; %252+%251&album=%2541
         encoded ; track ; %41 ; a%20b ; A&album=a%20b
         not ASCII ; track ; Sigur Rós ; 日本 ; Sigur+R%C3%B3s&album=%E6%97%A5%E6%9C%AC
         half a character ; track ; HALF ; NEWLINE ; %ED%A0%80&album=%0A
-        punctuation ; track ; ?/:@!$ ; =;[]| ; ?/:@!$&album==;[]%7C
         number sign, ends the query ; track ; A #1 ; B ; A+
         ; album ; A B ; C D ; A+B&album=C+D
-        other type ; artist ; A ; B ; &album=
         no type ; ; A ; B ; &album=)"_s);
 }
 
@@ -184,7 +169,7 @@ void TestFallback::requests()
     QFETCH(QString, album);
     QFETCH(const QString, path);
     const QString expected = "/2.0/?artist="_s + path + (path == "A+"_s ? QString() : tail);
-    artist.replace(QLatin1Char('_'), QLatin1Char(' ')).replace("HALF"_s, QString(QChar(0xd800)));
+    artist.replace("HALF"_s, QString(QChar(0xd800)));
     Service service;
     service.add(type, artist, album.replace("NEWLINE"_s, "\n"_s));
     service.serve(expected, small("http://new"));
@@ -192,57 +177,13 @@ void TestFallback::requests()
     QCOMPARE(service.server.requestedPaths(), QStringList{expected});
 }
 
-void TestFallback::widths_data()
-{
-    Rows::add("entries table"_s, R"(
-        all ; a/small b/medium c/large d/extralarge e/mega f/ ; 30=a 65=b 128=f 180=c 300=d 350=e
-        another size ; a/giga ; 128=a
-        capital ; a/Small ; 128=a
-        no size ; {"#text":"a"} ; 128=a
-        size is a number ; {"#text":"a","size":30} ; 128=a
-        later wins ; a/x b/ /  ; 128=b
-        without address ; /mega {"size":"large"} {"#text":7} 7 null a/small ; 30=a)"_s);
-}
-
-void TestFallback::widths()
-{
-    QFETCH(const QString, entries);
-    QFETCH(const QString, table);
-    const QRegularExpression shorthand("^(\\w*)/(\\w*)$"_s); // address and size
-    QStringList list = entries.split(QLatin1Char(' '));
-    list.replaceInStrings(shorthand, R"({"#text":"\1","size":"\2"})"_s);
-    Service service;
-    service.add("album"_s, "A"_s, "B"_s);
-    service.serve(target("A"_s, "B"_s), answer(list.join(QLatin1Char(',')).toUtf8()));
-    QCOMPARE(service.run(), QStringList{table});
-}
-
-void TestFallback::oneSignalBehindTheLastReply()
+void TestFallback::lastOfOneAlbumGetsThePictures()
 {
     Service service;
-    QStringList expected;
-    for (int i = 0; i < 20; ++i) {
-        const QString name = QString::number(i);
-        service.add("album"_s, i % 5 ? "quick"_s : "slow"_s, name);
-        service.serve(target(i % 5 ? "quick"_s : "slow"_s, name), small(name.toUtf8()));
-        expected << (i % 3 ? "30="_s + name : before);
-        if (i % 3 == 0)
-            service.serve(target(i % 5 ? "quick"_s : "slow"_s, name), R"({"error":6})");
-    }
-    service.server.faults().onlyPath = "slow"_s;
-    service.server.faults().delayMs = 50;
-    QCOMPARE(service.run(), QStringList{expected.join(" | "_s)});
-    QCOMPARE(service.server.requestedPaths().size(), 20);
-}
-
-void TestFallback::oneRequestForOneAlbum()
-{
-    Service service;
-    service.add("track"_s, "A"_s, "B C"_s);
-    service.add("album"_s, "A"_s, "B C"_s);
-    service.add("track"_s, "A"_s, "B+C"_s);
+    for (const QString &album : {"B C"_s, "B+C"_s})
+        service.add("album"_s, "A"_s, album);
     service.serve(target("A"_s, "B+C"_s), small("http://new"));
-    QCOMPARE(service.run(), QStringList{before + " | "_s + before + " | 30=http://new"_s});
+    QCOMPARE(service.run(), QStringList{before + " | 30=http://new"_s});
     QCOMPARE(service.server.requestedPaths().size(), 1);
 }
 
@@ -294,19 +235,21 @@ void TestFallback::answers_data()
         QTest::newRow(name) << body << table;
     };
     const QByteArray good = small("new");
-    row("error", R"({"error":6,"message":"Album not found"})", before);
     row("error and album", R"({"error":null,"album":{"image":[{"#text":"a"}]}})", before);
     row("Error is another key", R"({"Error":6,"album":{"image":[{"#text":"a"}]}})", "128=a"_s);
     row("no album", R"({"results":{}})", before);
-    row("empty object", "{}", before);
     row("array", "[" + good + "]", before);
+    row("every size",
+        answer(R"({"#text":"a","size":"small"},{"#text":"b","size":"medium"},)"
+               R"({"#text":"c","size":"large"},{"#text":"d","size":"extralarge"},)"
+               R"({"#text":"e","size":"mega"},{"#text":"f","size":""})"),
+        "30=a 65=b 128=f 180=c 300=d 350=e"_s); // the later one wins
+    row("another size", answer(R"({"#text":"b","size":"x"},{"#text":"a","size":"Small"})"), "128=a"_s);
+    row("without address", answer(R"({"size":"large"},{"#text":7},7,null,{"#text":"a","size":"small"})"),
+        "30=a"_s);
     row("half", good.left(good.size() / 2), before);
-    row("rubbish", "<html>Please log in first.</html>", before);
-    row("bytes", QByteArray::fromHex("00ff8081feff"), before);
     row("nothing", QByteArray(), before);
     row("deep", QByteArray(100000, '['), before);
-    row("empty array", answer(QByteArray()), QString());
-    row("no array", R"({"album":{}})", QString());
     row("array is no array", R"({"album":{"image":"http://a"}})", QString());
     row("album is no object", R"({"album":null})", QString());
     row("addresses empty", answer(R"({"#text":"","size":"small"})"), QString());
@@ -324,60 +267,48 @@ void TestFallback::answers()
     QCOMPARE(service.run(), QStringList{table});
 }
 
-void TestFallback::failures_data()
-{
-    QTest::addColumn<Spoil>("spoil");
-    QTest::newRow("not found") << Spoil([](ArtworkFaults &faults) { faults.notFound = true; });
-    QTest::newRow("half the body") << Spoil([](ArtworkFaults &faults) { faults.truncatedBody = true; });
-    QTest::newRow("less than announced") << Spoil([](ArtworkFaults &faults) { faults.lengthLie = 1000; });
-    QTest::newRow("announced too large") << Spoil([](ArtworkFaults &faults) { faults.lengthLie = 1 << 24; });
-    QTest::newRow("without end") << Spoil([](ArtworkFaults &faults) { faults.endlessBody = true; });
-    QTest::newRow("redirect") << Spoil(
-        [](ArtworkFaults &faults) { faults.redirectTo = target("A"_s, "Good"_s); }); // is not followed
-}
-
-// One of two items fails: it keeps its pictures, and holds nobody up.
+// One of two items fails in each of these ways: it keeps its pictures, and holds nobody up.
 void TestFallback::failures()
 {
-    QFETCH(const Spoil, spoil);
-    Service service;
-    service.add("album"_s, "A"_s, "Bad"_s);
-    service.add("album"_s, "A"_s, "Good"_s);
-    service.serve(target("A"_s, "Bad"_s), small("bad").leftJustified(256 * 1024, ' '));
-    service.serve(target("A"_s, "Good"_s), small("good"));
-    spoil(service.server.faults());
-    service.server.faults().onlyPath = "Bad"_s;
-    QCOMPARE(service.run(), QStringList{before + " | 30=good"_s});
-    QCOMPARE(service.server.requestedPaths().size(), 2);
-}
-
-void TestFallback::noService_data()
-{
-    QTest::addColumn<QString>("endpoint");
-    QTcpServer closed;
-    QVERIFY(closed.listen(QHostAddress::LocalHost));
-    QTest::newRow("refused") << "http://127.0.0.1:%1"_s.arg(closed.serverPort());
-    QTest::newRow("no host") << "http://"_s;
-    QTest::newRow("no address") << "http://[:"_s;
-    QTest::newRow("unknown scheme") << "nothing://127.0.0.1"_s;
+    const Spoil spoils[] = {
+        [](ArtworkFaults &faults) { faults.notFound = true; },
+        [](ArtworkFaults &faults) { faults.truncatedBody = true; },
+        [](ArtworkFaults &faults) { faults.lengthLie = 1000; },
+        [](ArtworkFaults &faults) { faults.lengthLie = 1 << 24; },
+        [](ArtworkFaults &faults) { faults.endlessBody = true; },
+        [](ArtworkFaults &faults) { faults.redirectTo = target("A"_s, "Good"_s); }, // is not followed
+    };
+    for (const Spoil &spoil : spoils) {
+        Service service;
+        service.add("album"_s, "A"_s, "Bad"_s);
+        service.add("album"_s, "A"_s, "Good"_s);
+        service.serve(target("A"_s, "Bad"_s), small("bad").leftJustified(256 * 1024, ' '));
+        service.serve(target("A"_s, "Good"_s), small("good"));
+        spoil(service.server.faults());
+        service.server.faults().onlyPath = "Bad"_s;
+        QCOMPARE(service.run(), QStringList{before + " | 30=good"_s});
+        QCOMPARE(service.server.requestedPaths().size(), 2);
+    }
 }
 
 void TestFallback::noService()
 {
-    QFETCH(const QString, endpoint);
-    Service service;
-    service.add("album"_s, "A"_s, "B"_s);
-    service.add("album"_s, "A"_s, "C"_s);
-    pointTo(endpoint);
-    QCOMPARE(service.run(), QStringList{before + " | "_s + before});
+    QTcpServer closed;
+    QVERIFY(closed.listen(QHostAddress::LocalHost));
+    const QString refused = "http://127.0.0.1:%1"_s.arg(closed.serverPort());
+    closed.close();
+    for (const QString &endpoint : {refused, "http://"_s, "http://[:"_s, "nothing://127.0.0.1"_s}) {
+        Service service;
+        service.add("album"_s, "A"_s, "B"_s);
+        service.add("album"_s, "A"_s, "C"_s);
+        pointTo(endpoint);
+        QCOMPARE(service.run(), QStringList{before + " | "_s + before});
+    }
+    Service empty;
+    QCOMPARE(empty.run(), QStringList{QString()});
 }
 
-void TestFallback::emptyBatchIsDone()
-{
-    Service service;
-    QCOMPARE(service.run(), QStringList{QString()});
-}
-
+// And so does a view that waits for the batch.
 void TestFallback::itemDiesMeanwhile()
 {
     Service service;
@@ -385,43 +316,31 @@ void TestFallback::itemDiesMeanwhile()
     service.add("album"_s, "A"_s, "C"_s);
     for (const QString &album : {"B"_s, "C"_s})
         service.serve(target("A"_s, album), small("new"));
-    connect(&service.server, &ArtworkServer::requestReceived, this, [&] { service.items.front().reset(); });
-    QCOMPARE(service.run(), QStringList{"gone | 30=new"_s});
-}
-
-void TestFallback::receiverDiesMeanwhile()
-{
-    Service service;
-    service.add("album"_s, "A"_s, "B"_s);
-    service.serve(target("A"_s, "B"_s), small("new"));
     auto view = std::make_unique<PlayerItem>();
     int told = 0;
+    connect(view.get(), &PlayerItem::smallImgPathChanged, this, [&] { ++told; });
+    connect(&service.server, &ArtworkServer::requestReceived, this, [&] {
+        service.items.front().reset();
+        view.reset();
+    });
     BackupImageDownloader *batch = service.start();
     connect(batch, SIGNAL(imagesDownloaded()), view.get(), SIGNAL(smallImgPathChanged()));
-    connect(view.get(), &PlayerItem::smallImgPathChanged, this, [&] { ++told; });
-    connect(&service.server, &ArtworkServer::requestReceived, this, [&] { view.reset(); });
     service.finish(batch);
-    QCOMPARE(service.seen, QStringList{"30=new"_s});
+    QCOMPARE(service.seen, QStringList{"gone | 30=new"_s});
     QCOMPARE(told, 0);
-}
-
-void TestFallback::endOfTheProcess_data()
-{
-    QTest::addColumn<QString>("stage");
-    for (const char *stage : {"asked", "waiting", "answered"})
-        QTest::newRow(stage) << QString::fromLatin1(stage);
 }
 
 void TestFallback::endOfTheProcess()
 {
-    QFETCH(const QString, stage);
-    QProcess program;
-    program.setProcessChannelMode(QProcess::MergedChannels);
-    program.start(QCoreApplication::applicationFilePath(), {"--end-when"_s, stage});
-    QVERIFY(program.waitForFinished(30000));
-    QCOMPARE(program.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(program.readAll(), QByteArray());
-    QCOMPARE(program.exitCode(), 0);
+    for (const QString &stage : {"asked"_s, "waiting"_s, "answered"_s}) {
+        QProcess program;
+        program.setProcessChannelMode(QProcess::MergedChannels);
+        program.start(QCoreApplication::applicationFilePath(), {"--end-when"_s, stage});
+        QVERIFY(program.waitForFinished(30000));
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(program.readAll(), QByteArray());
+        QCOMPARE(program.exitCode(), 0);
+    }
 }
 
 // A program that ends with a batch at one of its stages: 0 if the batch ended with the application object.
