@@ -83,7 +83,6 @@ private Q_SLOTS:
     void rowsAreReadAsQtReadsThem();
     void longReplyOnTheSocketMakesTheQueue_data();
     void longReplyOnTheSocketMakesTheQueue();
-    void replyIsUsedOnce();
 
     // What goes wrong
     void isLeftToQt_data();
@@ -96,25 +95,19 @@ private Q_SLOTS:
 void LongLists::isReadAsQtReadsIt_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::newRow("nothing") << "[]"_s;
-    QTest::newRow("no entry has a track") << R"([{"tlid":3},{}])"_s;
-    QTest::newRow("a whole track") << entries.arg(track);
-    QTest::newRow("spaces") << " [ { \"tlid\" : 7 ,\r\n\t\"track\" : { \"uri\" : \"u\" } } ] "_s;
-    QTest::newRow("escapes") << entries.arg(
-        R"({"uri":"u:\/\\\"\b\f\n\r\t","name":"\u00e9\u4e2dx\uD83C\uDFB5"})"_s);
-    QTest::newRow("escapes in details")
-        << entries.arg(R"({"uri":"u","album":{"name":"\u00e9\"","uri":"al"}})"_s);
-    QTest::newRow("letters of all planes")
-        << entries.arg(QString::fromUtf8("{\"uri\":\"ü\",\"name\":\"中🎵\uE000\uFFFD\"}"));
-    QTest::newRow("no name") << entries.arg(R"({"uri":"u","name":null})"_s);
-    QTest::newRow("an empty track") << entries.arg("{}"_s);
-    QTest::newRow("a podcast") << entries.arg(
-        R"({"uri":"podcast+x","album":{"comment":"C","artists":[{"name":"A"}]},"artists":[{"name":"X"}]})"_s);
-    QTest::newRow("numbers and words") << entries.arg(
-        R"({"uri":"u","a":0,"b":-1.50,"c":true,"d":false,"e":null,"f":[[],{}],"g":123456789012345678})"_s);
-    QTest::newRow("a number twice") << R"([{"tlid":5,"track":{"uri":"a"}},{"tlid":5,"track":{"uri":"b"}}])"_s;
-    QTest::newRow("numbers out of order")
-        << R"([{"tlid":5,"track":{"uri":"a"}},{"track":{"uri":"b"},"tlid":4}])"_s;
+    for (const QString &text :
+         {"[]"_s, R"([{"tlid":3},{}])"_s, " [ { \"tlid\" : 7 ,\r\n\t\"track\" : { \"uri\" : \"u\" } } ] "_s,
+          R"([{"tlid":5,"track":{"uri":"a"}},{"tlid":5,"track":{"uri":"b"}}])"_s,
+          R"([{"tlid":5,"track":{"uri":"a"}},{"track":{"uri":"b"},"tlid":4}])"_s})
+        QTest::newRow(qPrintable(text)) << text;
+    for (
+        const QString &each :
+        {track, R"({"uri":"u:\/\\\"\b\f\n\r\t","name":"\u00e9\u4e2dx\uD83C\uDFB5"})"_s,
+         R"({"uri":"u","album":{"name":"\u00e9\"","uri":"al"}})"_s, R"({"uri":"u","name":null})"_s, "{}"_s,
+         "{\"uri\":\"ü\",\"name\":\"中🎵\uE000\uFFFD\"}"_s,
+         R"({"uri":"podcast+x","album":{"comment":"C","artists":[{"name":"A"}]},"artists":[{"name":"X"}]})"_s,
+         R"({"uri":"u","a":0,"b":-1.50,"c":true,"d":false,"e":null,"f":[[],{}],"g":123456789012345678})"_s})
+        QTest::newRow(qPrintable(each)) << entries.arg(each);
 }
 
 void LongLists::isReadAsQtReadsIt()
@@ -177,60 +170,25 @@ void LongLists::longReplyOnTheSocketMakesTheQueue()
     QCOMPARE(describe(listed(studio.player.queue()).first()), "local:a|A||al:1|Al|ar:1|ar:3|X|Y|X, Y|0"_s);
 }
 
-void LongLists::replyIsUsedOnce()
-{
-    ConnectedStudio studio;
-    QSignalSpy changed(&studio.player, &HalvoraPlayer::queueChanged);
-    studio.say(R"({"event":"tracklist_changed"})"_s);
-    const QString text = reply(R"({"id":"0")"_s, R"({"tlid":4,"track":{"uri":"u"}})"_s);
-    studio.say(text);
-    studio.say(text);
-    QCOMPARE(changed.size(), 1);
-}
-
 void LongLists::isLeftToQt_data()
 {
     QTest::addColumn<QString>("text");
-    QTest::newRow("no list") << "{}"_s;
-    QTest::newRow("an entry that is none") << "[3]"_s;
-    QTest::newRow("a track that is none") << R"([{"tlid":1,"track":[]}])"_s;
-    QTest::newRow("no end") << R"([{"tlid":1,"track":{"uri":"u"}})"_s;
-    QTest::newRow("more behind the end") << "[] []"_s;
-    QTest::newRow("a comma too many") << R"([{"tlid":1,"track":{"uri":"u",}}])"_s;
-    QTest::newRow("a comma too few") << R"([{"tlid":1 "track":{"uri":"u"}}])"_s;
-    QTest::newRow("a number that is a text") << R"([{"tlid":"1","track":{"uri":"u"}}])"_s;
-    QTest::newRow("a broken number") << R"([{"tlid":1.5,"track":{"uri":"u"}}])"_s;
-    QTest::newRow("a negative number") << R"([{"tlid":-1,"track":{"uri":"u"}}])"_s;
-    QTest::newRow("a long number") << R"([{"tlid":1234567890,"track":{"uri":"u"}}])"_s;
-    QTest::newRow("a key twice") << R"([{"tlid":1,"track":{"uri":"u","uri":"v"}}])"_s;
-    QTest::newRow("a track twice") << R"([{"tlid":1,"track":{"uri":"u"},"track":{"uri":"v"}}])"_s;
-    QTest::newRow("a number's key twice") << R"([{"tlid":1,"tlid":2,"track":{"uri":"u"}}])"_s;
-    for (const char *value : {R"("\u00g0")",
-                              R"("\ud83c")",
-                              R"("\udfb5x")",
-                              R"("\u0000")",
-                              R"("\x")",
-                              R"("\)",
-                              "\"\x01\"",
-                              "01",
-                              "-",
-                              "1.",
-                              "1e5",
-                              ".5",
-                              "+1",
-                              "1234567890123456789",
-                              "tru",
-                              "nulL",
-                              "{\"a\\u0062\":1}",
-                              "[1,]",
-                              "{1:2}",
-                              "\"open"})
+    const QString whole = R"({"uri":"u"})"_s;
+    const QString nest = QString(40, QLatin1Char('[')) + QString(40, QLatin1Char(']'));
+    for (const QString &text :
+         {"{}"_s, "[3]"_s, "[] []"_s, R"([{"tlid":1,"track":[]}])"_s, entries.arg(R"({"uri":"u",})"_s),
+          entries.arg(whole).replace("1"_s, "\"1\""_s), entries.arg(whole).replace("1"_s, "-1"_s),
+          entries.arg(whole).replace("1"_s, "1.5"_s), entries.arg(whole).replace("1"_s, "1234567890"_s),
+          entries.arg(whole).replace("\"tlid\":1"_s, "\"tlid\":1,\"tlid\":2"_s),
+          entries.arg(whole + ",\"track\":"_s + whole), entries.arg(R"({"uri":"u","uri":"v"})"_s),
+          entries.arg("{\"uri\":\"u\",\"x\":"_s + nest + "}"_s)})
+        QTest::newRow(qPrintable(text.left(60))) << text;
+    for (const char *value : {R"("\u00g0")", R"("\ud83c")", R"("\udfb5x")", R"("\u0000")", R"("\x")", R"("\)",
+                              "\"\x01\"", "01", "-", "1.", "1e5", ".5", "+1", "1234567890123456789", "tru",
+                              "nulL", "{\"a\\u0062\":1}", "[1,]", "{1:2}"})
         QTest::newRow(value) << entries.arg("{\"uri\":\"u\",\"x\":"_s + QString::fromLatin1(value) + "}"_s);
-    QTest::newRow("half a pair") << entries.arg("{\"uri\":\""_s + QChar(0xd83c) + "\"}"_s);
-    QTest::newRow("the other half") << entries.arg("{\"uri\":\""_s + QChar(0xdfb5) + "\"}"_s);
-    QTest::newRow("no character") << entries.arg("{\"uri\":\""_s + QChar(0xffff) + "\"}"_s);
-    QTest::newRow("a deep nest") << entries.arg("{\"uri\":\"u\",\"x\":"_s + QString(40, QLatin1Char('['))
-                                                + QString(40, QLatin1Char(']')) + "}"_s);
+    for (const ushort half : {0xd83c, 0xdfb5, 0xffff}) // of a pair, or no character
+        QTest::addRow("%x", half) << entries.arg("{\"uri\":\""_s + QChar(half) + "\"}"_s);
 }
 
 void LongLists::isLeftToQt()
@@ -273,7 +231,8 @@ void LongLists::brokenLongReplyChangesNothing()
     studio.say(R"({"event":"tracklist_changed"})"_s);
     studio.say(text);
     QCOMPARE(changed.size(), 0);
-    studio.say(reply(R"({"id":"0")"_s, R"({"tlid":4,"track":{"uri":"u"}})"_s));
+    for (int time = 0; time < 2; ++time) // the second one finds nobody
+        studio.say(reply(R"({"id":"0")"_s, R"({"tlid":4,"track":{"uri":"u"}})"_s));
     QCOMPARE(changed.size(), 1);
 }
 
