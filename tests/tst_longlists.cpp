@@ -79,9 +79,7 @@ private Q_SLOTS:
     // What works
     void isReadAsQtReadsIt_data();
     void isReadAsQtReadsIt();
-    void rowsAreReadAsQtReadsThem_data();
     void rowsAreReadAsQtReadsThem();
-    void longReplyOnTheSocketMakesTheQueue_data();
     void longReplyOnTheSocketMakesTheQueue();
 
     // What goes wrong
@@ -122,52 +120,37 @@ void LongLists::isReadAsQtReadsIt()
     QCOMPARE(describe(&ours), describe(&qts));
 }
 
-void LongLists::rowsAreReadAsQtReadsThem_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::newRow("nothing") << "[]"_s;
-    QTest::newRow("types in turn") << R"([{"type":"track","uri":"t:1","name":"A"},{"uri":"al","type":"album"},
-        {"type":"track","uri":"t:2","name":"\u00c9"},{"type":"directory","uri":"d","name":"D","x":[{"type":"album"}]}])"_s;
-    QTest::newRow("no row")
-        << R"([{"type":"unheard"},{"uri":"u"},{"type":null,"name":null,"uri":null},{}])"_s;
-}
-
 void LongLists::rowsAreReadAsQtReadsThem()
 {
-    QFETCH(QString, text);
-    for (const bool isPlaylist : {false, true}) {
-        const auto ours = isPlaylist ? LibraryRows::fromPlaylist(whole(text))
-                                     : LibraryRows::fromDirectory(whole(text));
-        const LibraryRows qts = isPlaylist ? LibraryRows::fromPlaylist(json(text))
-                                           : LibraryRows::fromDirectory(json(text));
-        QVERIFY(ours.has_value());
-        QCOMPARE(describe(*ours), describe(qts));
-        release(*ours);
-        release(qts);
+    for (const QString &text :
+         {"[]"_s, R"([{"type":"track","uri":"t:1","name":"A"},{"uri":"al","type":"album"},
+        {"type":"track","uri":"t:2","name":"\u00c9"},{"type":"directory","uri":"d","x":[{"type":"album"}]}])"_s,
+          R"([{"type":"unheard"},{"uri":"u"},{"type":null,"name":null,"uri":null},{}])"_s}) {
+        const std::optional<LibraryRows> ours[] = {LibraryRows::fromDirectory(whole(text)),
+                                                   LibraryRows::fromPlaylist(whole(text))};
+        const LibraryRows qts[] = {LibraryRows::fromDirectory(json(text)),
+                                   LibraryRows::fromPlaylist(json(text))};
+        for (const int kind : {0, 1}) {
+            QVERIFY2(ours[kind].has_value(), qPrintable(text));
+            QCOMPARE(describe(*ours[kind]), describe(qts[kind]));
+            release(*ours[kind]);
+            release(qts[kind]);
+        }
     }
-}
-
-void LongLists::longReplyOnTheSocketMakesTheQueue_data()
-{
-    QTest::addColumn<QString>("head");
-    QTest::addColumn<QString>("tail");
-    QTest::newRow("as servers write") << R"({"jsonrpc": "2.0", "id": "%1")"_s << QString();
-    QTest::newRow("id first") << R"({"id":"%1","jsonrpc":"2.0")"_s
-                              << " \n"_s;
-    QTest::newRow("no version") << R"({"id":"%1")"_s << QString();
-    QTest::newRow("something else in front") << R"({"id":"%1","extra":[1])"_s << QString();
-    QTest::newRow("a number for Qt alone in front") << R"({"extra":1e2,"id":"%1")"_s << QString();
 }
 
 void LongLists::longReplyOnTheSocketMakesTheQueue()
 {
-    QFETCH(QString, head);
-    QFETCH(QString, tail);
-    ConnectedStudio studio;
-    studio.say(R"({"event":"tracklist_changed"})"_s);
-    studio.say(reply(head.arg(0), R"({"tlid":4,"track":)"_s + track + "}"_s) + tail);
-    QCOMPARE(studio.player.queueTlid(), QList<int>{4});
-    QCOMPARE(describe(listed(studio.player.queue()).first()), "local:a|A||al:1|Al|ar:1|ar:3|X|Y|X, Y|0"_s);
+    for (const QString &head :
+         {R"({"jsonrpc": "2.0", "id": "0")"_s, R"({"id":"0","jsonrpc":"2.0")"_s, R"({"id":"0","extra":[1])"_s,
+          R"({"extra":1e2,"id":"0")"_s}) { // the last of them is for Qt alone
+        ConnectedStudio studio;
+        studio.say(R"({"event":"tracklist_changed"})"_s);
+        studio.say(reply(head, R"({"tlid":4,"track":)"_s + track + "}"_s) + " \n"_s);
+        QCOMPARE(studio.player.queueTlid(), QList<int>{4});
+        QCOMPARE(describe(listed(studio.player.queue()).first()),
+                 "local:a|A||al:1|Al|ar:1|ar:3|X|Y|X, Y|0"_s);
+    }
 }
 
 void LongLists::isLeftToQt_data()
