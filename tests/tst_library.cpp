@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 
 #include "support/Listener.h"
+#include "support/Rows.h"
 #include "support/Suite.h"
 
 #include "player/PlayerTiming.h"
@@ -91,32 +92,24 @@ void LibraryTest::walksFromTheRootToATrack()
 // Rows of the menus of a track in the middle of an album, and of the album itself.
 void LibraryTest::menusOfTheLibrary_data()
 {
-    QTest::addColumn<QString>("row"); // its beginning, where the name stands behind it
-    QTest::addColumn<bool>("ofAlbum");
-    QTest::addColumn<bool>("all");
-    QTest::addColumn<bool>("next");
-    QTest::addColumn<bool>("plays");
-    const auto row = [](const char *text, bool ofAlbum, bool all, bool next, bool plays) {
-        QTest::addRow("%s %s", ofAlbum ? "album" : "track", text)
-            << QString::fromLatin1(text) << ofAlbum << all << next << plays;
-    };
-    row("Play Now \"", false, false, true, true);
-    row("Play All Now", false, true, true, true);
-    row("Play Track Next", false, false, true, false);
-    row("Add to Queue", false, false, false, false);
-    row("Add All to Queue", false, true, false, false);
-    row("Play Now \"", true, false, true, true);
-    row("Play Track Next", true, false, true, false);
-    row("Add to Queue", true, false, false, false);
+    // A row, or its beginning where the name stands behind it, and what is added: where, and whether it plays.
+    Rows::add("row added"_s, R"(
+        ; Play Now " ; next plays
+        ; Play All Now ; all next plays
+        ; Play Track Next ; next
+        ; Add to Queue
+        ; Add All to Queue ; all
+        album now ; Play Now " ; album next plays
+        album next ; Play Track Next ; album next
+        album queued ; Add to Queue ; album)"_s);
 }
 
 void LibraryTest::menusOfTheLibrary()
 {
     QFETCH(QString, row);
-    QFETCH(bool, ofAlbum);
-    QFETCH(bool, all);
-    QFETCH(bool, next);
-    QFETCH(bool, plays);
+    QFETCH(QString, added);
+    const bool ofAlbum = added.contains("album"_s);
+    const bool next = added.contains("next"_s);
     PlayingListener listener;
     ClientWindow &client = listener.client;
     const CatalogueTrack track = listener.track(album + 3);
@@ -126,12 +119,13 @@ void LibraryTest::menusOfTheLibrary()
     const QString name = ofAlbum ? track.albumName : track.name;
     QVERIFY(listener.openMenuOf(name));
     QVERIFY(client.clickOn(row.endsWith(QLatin1Char('"')) ? row + name + "\""_s : row));
-    const QStringList uris = ofAlbum ? QStringList{track.albumUri}
-                                     : listener.uris(album + 3, all ? album + 10 : album + 4);
+    const QStringList uris = ofAlbum
+        ? QStringList{track.albumUri}
+        : listener.uris(album + 3, added.contains("all"_s) ? album + 10 : album + 4);
     QStringList expected{next ? add(uris, 1) : ofUris("tracklist.add"_s, uris)};
     if (next)
         expected.prepend(askPosition());
-    if (plays)
+    if (added.contains("plays"_s))
         expected.append(play(3));
     QVERIFY(listener.sent(expected));
 }
