@@ -31,6 +31,7 @@ private Q_SLOTS:
 
     // What works
     void asksForRowsInReachAlone();
+    void directoriesAskForNothing();
     void searchAnswers();
     void fallbackFindsThePicture();
     void nothingStaysBehind();
@@ -206,6 +207,28 @@ void LibraryFaultsTest::asksForRowsInReachAlone()
         filled += missing;
     }
     QVERIFY(silent > 0 && filled.size() > 2 * first.size()); // both have been seen
+}
+
+// And rows behind them are counted from the first of their own.
+void LibraryFaultsTest::directoriesAskForNothing()
+{
+    PlayingListener listener;
+    ClientWindow &client = listener.client;
+    QVERIFY(listener.openAlbums(0));
+    QJsonArray rows;
+    for (int i = 0; i < 12; ++i)
+        rows << MopidyModels::ref("directory"_s, "local:%1"_s.arg(i), "Directory %1"_s.arg(i));
+    for (int i = 0; i < 30; ++i)
+        rows << trackRef(listener.track(i));
+    QVERIFY(HeldReplies::areTaken(&client.server));
+    client.forgetRequests();
+    QVERIFY(showRows(&listener, rows));
+    QVERIFY(listener.shows("directory"_s)); // the heading
+    QVERIFY(listener.sent({ofUri("library.browse"_s, listener.track(0).albumUri)}));
+    while (topList(client)->property("contentY").toReal() < 44 + 12 * 44 + 44 + rowHeight)
+        QVERIFY(pull(&client, -200, false));
+    QTRY_COMPARE(client.requests().filter("library.lookup"_s).size(), 1);
+    QVERIFY(client.requests().constFirst().contains(listener.track(0).uri));
 }
 
 void LibraryFaultsTest::searchAnswers()
