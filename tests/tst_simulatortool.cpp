@@ -176,7 +176,7 @@ void SimulatorToolTest::obeysOnceInTheForeground()
         shell.out.remove("key\n"_s);
     }
     shell.say("fg; echo ended with $?");
-    QVERIFY(shell.prints("^/.*halvora-simulator"_s));
+    QVERIFY(shell.prints("^/.*halvora-simulator --trace *$"_s));
     shell.say("help\nquit");
     QVERIFY(shell.prints("^  link-drop "_s));
     QVERIFY(shell.prints("^ended with 0$"_s));
