@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
+#include "support/Rows.h"
 #include "support/SceneItems.h"
 #include "support/Stage.h"
 #include "support/Suite.h"
@@ -23,62 +24,54 @@ private Q_SLOTS:
     void pictures();
 
     // What goes wrong
-    void hostileNamesStayInside_data();
     void hostileNamesStayInside();
     void newWidthSlidesNothing();
 };
 
 namespace {
 
-const QString cellText =
-    "%1 { width: 450; height: 75; textLabel: \"Cell\"; onClicked: tell(\"clicked\"); %2 }"_s;
-
 QString cell(const QString &type, const QString &more = {})
 {
-    return cellText.arg(type, more);
+    return "%1 { width: 450; height: 75; textLabel: \"Cell\"; onClicked: tell(\"clicked\"); %2 }"_s.arg(type,
+                                                                                                        more);
 }
 
 } // namespace
 
 void TestCells::swipes_data()
 {
-    QTest::addColumn<QString>("scene");
-    QTest::addColumn<QList<QList<int>>>("gestures");
-    QTest::addColumn<bool>("aside");
-    QTest::addColumn<QStringList>("told");
-    const QStringList clicked{"clicked"_s};
-    for (const char *type : {"GenericCell", "DetailedCell", "SongCell"}) {
-        const QString scene = cell(QString::fromLatin1(type), "removeEnabled: true"_s);
-        const QString fixed = cell(QString::fromLatin1(type));
-        QTest::addRow("%s, left 51", type) << scene << QList<QList<int>>{{300, 249}} << true << QStringList();
-        QTest::addRow("%s, left 50", type) << scene << QList<QList<int>>{{300, 250}} << false << clicked;
-        QTest::addRow("%s, right 51", type)
-            << scene << QList<QList<int>>{{200, 251}} << false << QStringList();
-        QTest::addRow("%s, one gesture does one thing", type)
-            << scene << QList<QList<int>>{{300, 200, 400}} << true << QStringList();
-        QTest::addRow("%s, left, then right", type)
-            << scene << QList<QList<int>>{{300, 200}, {200, 300}} << false << QStringList();
-        QTest::addRow("%s, not removable", type)
-            << fixed << QList<QList<int>>{{300, 200}} << false << clicked;
-    }
+    // `state`: of the cell in the end
+    Rows::add("gestures state told"_s, R"(
+        left 51 ; 300 249 ; aside
+        left 50 ; 300 250 ; at rest ; clicked
+        right 51 ; 200 251 ; at rest
+        one gesture does one thing ; 300 200 400 ; aside
+        left, then right ; 300 200, 200 300 ; at rest
+        not removable ; 300 200 ; fixed ; clicked)"_s);
 }
 
 void TestCells::swipes()
 {
-    QFETCH(QString, scene);
-    QFETCH(QList<QList<int>>, gestures);
-    QFETCH(bool, aside);
-    Stage stage(scene);
-    const qreal rest = stage.label("Cell"_s)->mapToScene({}).x();
-    const QQuickItem *red = stage.label("Delete"_s) ? stage.label("Delete"_s)->parentItem() : nullptr;
-    QCOMPARE(red != nullptr, stage.tested()->property("removeEnabled").toBool());
-    for (const QList<int> &gesture : qAsConst(gestures))
-        stage.drag(gesture);
-    if (red) {
-        QTRY_COMPARE(red->x(), aside ? 450 - red->width() : 500.0);
-        QTRY_COMPARE(stage.label("Cell"_s)->mapToScene({}).x(), rest - (aside ? red->width() : 0));
+    QFETCH(QString, gestures);
+    QFETCH(QString, state);
+    for (const QString &type : {"GenericCell"_s, "DetailedCell"_s, "SongCell"_s}) {
+        Stage stage(cell(type, state == "fixed"_s ? QString() : "removeEnabled: true"_s));
+        const qreal rest = stage.label("Cell"_s)->mapToScene({}).x();
+        for (const QString &gesture : gestures.split(", "_s)) {
+            QList<int> places;
+            for (const QString &place : gesture.split(QLatin1Char(' ')))
+                places << place.toInt();
+            stage.drag(places);
+        }
+        QTEST(stage.told().join(QLatin1Char(' ')), "told");
+        QCOMPARE(stage.label("Delete"_s) == nullptr, state == "fixed"_s);
+        if (state == "fixed"_s)
+            continue;
+        const QQuickItem *red = stage.label("Delete"_s)->parentItem();
+        QTRY_COMPARE(red->x(), state == "aside"_s ? 450 - red->width() : 500.0);
+        const qreal moved = state == "aside"_s ? red->width() : 0;
+        QTRY_COMPARE(stage.label("Cell"_s)->mapToScene({}).x(), rest - moved);
     }
-    QTEST(stage.told(), "told");
 }
 
 void TestCells::redButtonRemoves()
@@ -119,19 +112,15 @@ void TestCells::clicks()
 
 void TestCells::pictures_data()
 {
-    QTest::addColumn<QString>("type");
-    QTest::addColumn<QString>("stem");
-    QTest::newRow("song") << "SongCell"_s
-                          << "defaultcoverart"_s;
-    QTest::newRow("playlist") << "PlaylistCell"_s
-                              << "playlistcoverart"_s;
+    Rows::add("stem"_s, R"(
+        SongCell ; defaultcoverart
+        PlaylistCell ; playlistcoverart)"_s);
 }
 
 void TestCells::pictures()
 {
-    QFETCH(QString, type);
     QFETCH(QString, stem);
-    Stage stage(cell(type));
+    Stage stage(cell(QString::fromLatin1(QTest::currentDataTag())));
     const QList<QQuickItem *> items = SceneItems::shown(stage.tested());
     const auto picture = std::find_if(items.begin(), items.end(), [](const QQuickItem *item) {
         return item->inherits("QQuickImage") && item->size() == QSizeF(64, 64);
@@ -147,25 +136,18 @@ void TestCells::pictures()
     QCOMPARE((*picture)->property("source").toString(), ours.arg("play"_s, QString()));
 }
 
-void TestCells::hostileNamesStayInside_data()
-{
-    QTest::addColumn<QString>("scene");
-    const QString detail = "detailTextLabel: textLabel"_s;
-    QTest::newRow("generic") << cell("GenericCell"_s);
-    QTest::newRow("detailed") << cell("DetailedCell"_s, detail);
-    QTest::newRow("song") << cell("SongCell"_s, detail + "; menuBtnVisible: true"_s);
-    QTest::newRow("playlist") << cell("PlaylistCell"_s, detail);
-    QTest::newRow("slot") << cell("PlaylistEntryCell"_s, detail);
-}
-
 void TestCells::hostileNamesStayInside()
 {
-    QFETCH(QString, scene);
     const QString name = "<b>\"a\"</b>\n\u05d0\u05d1 "_s + QString(500, QLatin1Char('w')) + "\n\n\nend"_s;
-    Stage stage(scene);
-    stage.tested()->setProperty("textLabel", name);
-    QVERIFY(!stage.texts().filter(name).isEmpty());
-    QCOMPARE(SceneItems::strays(stage.tested()), QStringList());
+    const QString detail = "detailTextLabel: textLabel"_s;
+    for (const QString &scene : {cell("GenericCell"_s), cell("DetailedCell"_s, detail),
+                                 cell("SongCell"_s, detail + "; menuBtnVisible: true"_s),
+                                 cell("PlaylistCell"_s, detail), cell("PlaylistEntryCell"_s, detail)}) {
+        Stage stage(scene);
+        stage.tested()->setProperty("textLabel", name);
+        QVERIFY2(!stage.texts().filter(name).isEmpty(), qPrintable(scene));
+        QCOMPARE(SceneItems::strays(stage.tested()), QStringList());
+    }
 }
 
 void TestCells::newWidthSlidesNothing()

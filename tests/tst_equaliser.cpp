@@ -17,12 +17,8 @@ private Q_SLOTS:
     void initTestCase() { PlayerTiming::current() = {50, 25, 50}; }
 
     // What works
-    void groundLetsNothingThrough();
-    void buttonClosesToo();
-    void dragsReachTheDevice_data();
     void dragsReachTheDevice();
     void showsTheSelectedOutput();
-    void openEqualiserFits_data();
     void openEqualiserFits();
 
     // What goes wrong
@@ -37,11 +33,6 @@ const QList<int> tuned{5, -6, 7, 8};
 
 // On the outputs screen: the way to the player of output 7.
 const QPoint secondCover(52, 65 + 90 + 44);
-
-QPoint equaliserButton(const QSize &size)
-{
-    return {size.width() - 105, size.height() - 37};
-}
 
 QList<int> shownValues(const ClientWindow &client)
 {
@@ -59,7 +50,7 @@ void tune(ClientWindow *client, int output, const QList<int> &values)
 /// False if the panel does not come to rest where it belongs.
 bool open(ClientWindow *client)
 {
-    client->click(equaliserButton(client->view.size()));
+    client->click({345, 603});
     return QTest::qWaitFor([&] { return client->item("Equalizer"_s)->y() == 302; });
 }
 
@@ -76,62 +67,26 @@ QPoint dragUp(ClientWindow *client, int band)
 
 } // namespace
 
-void EqualiserTest::groundLetsNothingThrough()
-{
-    PlayerWindow client;
-    const QQuickItem *equaliser = client.item("Equalizer"_s);
-    QCOMPARE(equaliser->y(), 640.0);
-    QVERIFY(open(&client));
-    client.forgetCommands();
-    client.click({410, 603}); // on the ground, which lets nothing through to the mute button
-    client.click({30, 302 + 20});
-    QTRY_COMPARE(equaliser->y(), 640.0);
-    QCOMPARE(client.commands(), QStringList());
-}
-
-// In a window so low that the open equaliser leaves some of its button free, and no room for a cover.
-void EqualiserTest::buttonClosesToo()
-{
-    const QSize low(450, 340);
-    OutputsWindow client;
-    client.click(secondCover);
-    QTRY_VERIFY(client.item("SourceImgView"_s));
-    QVERIFY(open(&client));
-    client.view.resize(low);
-    QTRY_COMPARE(client.item("Equalizer"_s)->y(), 340.0);
-    const QPoint rim = equaliserButton(low) - QPoint(0, 15);
-    client.click(rim);
-    QTRY_COMPARE(client.item("Equalizer"_s)->y(), 302.0);
-    client.click(rim);
-    QTRY_COMPARE(client.item("Equalizer"_s)->y(), 340.0);
-}
-
-void EqualiserTest::dragsReachTheDevice_data()
-{
-    QTest::addColumn<int>("band");
-    QTest::newRow("bass") << 0;
-    QTest::newRow("middle") << 1;
-    QTest::newRow("treble") << 2;
-    QTest::newRow("loudness") << 3;
-}
-
 void EqualiserTest::dragsReachTheDevice()
 {
-    QFETCH(int, band);
     PlayerWindow client;
     tune(&client, 3, tuned);
     QTRY_COMPARE(shownValues(client), tuned);
     QVERIFY(open(&client));
     client.forgetCommands();
-    client.release(dragUp(&client, band));
-    // The echo of the drag's first command may come after the release, and before that of the last.
-    QTRY_VERIFY2(shownValues(client).at(band) > tuned[band] + 4, "the slider has followed the mouse");
+    client.click({410, 603}); // on the ground, which lets nothing through to the mute button
     QList<int> values = tuned;
-    values[band] = shownValues(client).at(band);
-    const QString command = "UI_COMMAND|2002|100|3|%1|%2|%3|%4"_s;
-    QTRY_COMPARE(client.lastCommand(),
-                 command.arg(values.at(0)).arg(values.at(1)).arg(values.at(2)).arg(values.at(3)));
-    QTRY_COMPARE(shownValues(client), values);
+    for (int band = 0; band < 4; ++band) {
+        client.release(dragUp(&client, band));
+        // The echo of the drag's first command may come after the release, and before that of the last.
+        QTRY_VERIFY2(shownValues(client).at(band) > tuned[band] + 4, "the slider has followed the mouse");
+        values[band] = shownValues(client).at(band);
+        const QString command = "UI_COMMAND|2002|100|3|%1|%2|%3|%4"_s;
+        QTRY_COMPARE(client.lastCommand(),
+                     command.arg(values.at(0)).arg(values.at(1)).arg(values.at(2)).arg(values.at(3)));
+        QTRY_COMPARE(shownValues(client), values);
+    }
+    QCOMPARE(client.commands().filter("|2002|"_s), client.commands());
 }
 
 void EqualiserTest::showsTheSelectedOutput()
@@ -152,35 +107,24 @@ void EqualiserTest::showsTheSelectedOutput()
     QVERIFY(client.lastCommand().endsWith("|2|-3|4"_s));
 }
 
-void EqualiserTest::openEqualiserFits_data()
-{
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("usual") << QSize(450, 640);
-    QTest::newRow("narrow") << QSize(360, 640);
-    QTest::newRow("landscape") << QSize(1024, 768);
-}
-
 void EqualiserTest::openEqualiserFits()
 {
-    QFETCH(QSize, size);
     PlayerWindow client;
-    client.view.resize(size);
-    QTRY_COMPARE(client.item("PlayerView"_s)->size().toSize(), size);
     QVERIFY(open(&client));
-    qreal right = 0;
-    for (const QString &text : {"BASS 100Hz"_s, "MIDDLE 1kHz"_s, "TREBLE 10kHz"_s, "LOUDNESS"_s}) {
-        const QQuickItem *label = client.itemWithText(text);
-        const qreal half = label->property("contentWidth").toReal() / 2;
-        const QPointF centre = label->mapToScene(
-            {label->width() / 2, label->property("contentHeight").toReal()});
-        QVERIFY2(centre.x() - half > right && centre.y() <= size.height(), qPrintable(text));
-        right = centre.x() + half;
+    for (const QSize &size : {QSize(450, 640), QSize(360, 640), QSize(1024, 768)}) {
+        client.view.resize(size);
+        QTRY_COMPARE(client.item("PlayerView"_s)->size().toSize(), size);
+        qreal right = 0;
+        for (const QString &text : {"BASS 100Hz"_s, "MIDDLE 1kHz"_s, "TREBLE 10kHz"_s, "LOUDNESS"_s}) {
+            const QQuickItem *label = client.itemWithText(text);
+            const qreal half = label->property("contentWidth").toReal() / 2;
+            const QPointF centre = label->mapToScene(
+                {label->width() / 2, label->property("contentHeight").toReal()});
+            QVERIFY2(centre.x() - half > right && centre.y() <= size.height(), qPrintable(text));
+            right = centre.x() + half;
+        }
+        QVERIFY(right <= size.width());
     }
-    QVERIFY(right <= size.width());
-    // The first dash of each guide line.
-    const QColor guide = client.itemWithText("0dB"_s)->property("color").value<QColor>();
-    for (const int y : {302 + 60, 302 + 60 + (size.height() - 432) / 2, size.height() - 71})
-        QTRY_COMPARE(client.pixel({16, y}), guide);
 }
 
 void EqualiserTest::deviceDoesNotMoveAHeldSlider()
@@ -219,11 +163,7 @@ void EqualiserTest::bandStaysWhereItWasPutByADrag()
 
 void EqualiserTest::withoutAnOutputNothingIsSent()
 {
-    ClientWindow client;
-    client.device.setState({});
-    QVERIFY(client.show());
-    QTRY_COMPARE(client.device.joinedConnections(), 1);
-    QTRY_VERIFY(!client.item("ConnectionOverlay"_s));
+    OutputsWindow client;
     client.selectTab(1);
     QVERIFY(open(&client));
     client.forgetCommands();

@@ -13,9 +13,9 @@
 #include "simulator/MusicServerSimulator.h"
 #include "support/Suite.h"
 
+#include <QPointer>
 #include <QQmlComponent>
 #include <QQmlEngine>
-#include <QPointer>
 #include <QQuickItem>
 #include <QQuickWindow>
 #include <QScreen>
@@ -26,13 +26,14 @@ namespace {
 
 constexpr int patience = 30000; // milliseconds: the link needs eleven seconds to give a connection up
 constexpr char password[] = "open sesame";
+constexpr char waiting[] = "Waiting for the device to accept anna. A refusal looks the same.";
 
 /// Stands in for the desktop's secret store.
 class Secrets final : public SecretStore
 {
 public:
     using Kept = QHash<QString, QString>;
-    enum Mood { Fine, Broken, Slow }; ///< a slow one answers when it is told to
+    enum Mood { Missing, Fine, Broken, Slow }; ///< a slow one answers when it is told to
     Secrets(Kept *kept, Mood mood) : m_kept(kept), m_mood(mood) { }
 
     void read(const QString &id) override
@@ -72,13 +73,14 @@ private Q_SLOTS:
     // What works.
     void asksOnceForADevice_data();
     void asksOnceForADevice();
-    void asksForThePasswordWithoutAStore();
     void changesBetweenDevices();
     void changesAndForgetsADevice();
     void speaksAnotherLanguageAtOnce();
     void tellsTheStateOfTheConnection();
     void closesWithEscapeWhatIsOpen();
-    void leadsThroughTheBarWithKeys();
+    void leadsThroughTheBar();
+    void standsOnWholePixels();
+    void leavesAndReturnsWithTheWindow();
     void showsWholeWords_data();
     void showsWholeWords();
     void fillsTheScreenAndComesBack();
@@ -91,16 +93,13 @@ private Q_SLOTS:
     void goesOnAtADeviceThatDoesNotAnswer_data();
     void goesOnAtADeviceThatDoesNotAnswer();
     void forgetsAnUnknownNameWithItsDevice();
-    void tellsOfARefusalBehindTheClientsBack();
     void tellsOfAMusicServerThatIsSilent_data();
     void tellsOfAMusicServerThatIsSilent();
     void tellsThatTheStoreFails();
-    void leavesWhatIsTypedToALateStore_data();
     void leavesWhatIsTypedToALateStore();
     void leavesOutDevicesThatMakeNoSense();
 
 private:
-    enum Store { NoStore, AStore, ABrokenStore, ASlowStore };
     struct Host
     {
         Host(const PluginGate &gate, const HostController::Demo &demo, std::unique_ptr<SecretStore> secrets)
@@ -112,20 +111,23 @@ private:
         HostScene scene;
     };
 
-    void start(Store store = AStore);
+    void start(Secrets::Mood store = Secrets::Fine);
+    void showDemo();
     void enter(const QStringList &texts) const;
     void enterDevice(const DeviceSimulator &device, const QString &secret = u(password));
     void click(const QString &text) const;
     void openSettings() const;
     void openPlayer() const;
-    void showFirstDevice();
+    void showFirstDevice(Secrets::Mood store = Secrets::Fine);
     void press(const QVector<Qt::Key> &keys) const;
-    QString notice() const;
+    QString textOf(const char *name) const;
+    QString notice() const { return textOf("notice"); } ///< the line above the tabs
     void touch(const char *picture) const;
 
     QQuickWindow *window() const { return m_host->scene.window(); }
     QQuickItem *root() const { return window()->contentItem(); }
-    bool showsClient() const { return !said("Settings") && SceneSearch::ofType(root(), "OutputsView"); }
+    bool shows(const char *screen) const { return SceneSearch::ofType(root(), screen); }
+    bool showsClient() const { return !said("Settings") && !said("Connect") && shows("OutputsView"); }
     bool said(const char *text) const { return SceneSearch::withText(root(), "text", u(text)); }
     QString focused() const { return window()->activeFocusItem()->parentItem()->parentItem()->objectName(); }
     QString wordForTrack() const;
@@ -169,15 +171,12 @@ void HostPagesTest::init()
 }
 
 /// As if the host were started now; one that runs ends first.
-void HostPagesTest::start(Store store)
+void HostPagesTest::start(Secrets::Mood store)
 {
     m_host.reset();
     std::unique_ptr<SecretStore> secrets;
-    if (store != NoStore) {
-        const Secrets::Mood moods[] = {Secrets::Fine, Secrets::Fine, Secrets::Broken, Secrets::Slow};
-        secrets = std::make_unique<Secrets>(&m_secrets, moods[store]);
-        m_store = static_cast<Secrets *>(secrets.get());
-    }
+    if (store != Secrets::Missing)
+        secrets.reset(m_store = new Secrets(&m_secrets, store));
     const auto demo = [this](DeviceAccess *access, QString *) {
         *access = {{m_demo.deviceHost(), m_demo.devicePort()}, u("demo"), u("demo")};
         return true;
@@ -190,16 +189,23 @@ void HostPagesTest::start(Store store)
     QVERIFY(QTest::qWaitForWindowActive(window()));
 }
 
+void HostPagesTest::showDemo()
+{
+    start();
+    click(u("Try the demo"));
+    QTRY_VERIFY_WITH_TIMEOUT(showsClient(), patience);
+}
+
 /// Types into one field after the other, from the one that has the keys; the tabulator leads on.
 void HostPagesTest::enter(const QStringList &texts) const
 {
     for (int i = 0; i < texts.size(); ++i) {
         QTest::keyClick(window(), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(window(), Qt::Key_Delete);
+        press({Qt::Key_Delete});
         for (const QChar &letter : texts.at(i))
             QTest::keyClick(window(), letter.toLatin1());
         if (i + 1 < texts.size())
-            QTest::keyClick(window(), Qt::Key_Tab);
+            press({Qt::Key_Tab});
     }
 }
 
@@ -234,11 +240,12 @@ void HostPagesTest::openPlayer() const
 }
 
 /// As a person types it in at the first start.
-void HostPagesTest::showFirstDevice()
+void HostPagesTest::showFirstDevice(Secrets::Mood store)
 {
+    start(store);
     enterDevice(m_devices[0]);
-    QTest::keyClick(window(), Qt::Key_Return);
-    QTRY_VERIFY_WITH_TIMEOUT(showsClient() && !said("Connect"), patience);
+    press({Qt::Key_Return});
+    QTRY_VERIFY_WITH_TIMEOUT(showsClient(), patience);
 }
 
 void HostPagesTest::press(const QVector<Qt::Key> &keys) const
@@ -247,11 +254,11 @@ void HostPagesTest::press(const QVector<Qt::Key> &keys) const
         QTest::keyClick(window(), key);
 }
 
-/// What the line above the tabs says; empty without a line.
-QString HostPagesTest::notice() const
+/// Of the item with that name; empty without one.
+QString HostPagesTest::textOf(const char *name) const
 {
-    const auto *label = SceneSearch::withText(root(), "objectName", u("notice"));
-    return label ? label->property("text").toString() : QString();
+    const auto *item = SceneSearch::withText(root(), "objectName", u(name));
+    return item ? item->property("text").toString() : QString();
 }
 
 void HostPagesTest::touch(const char *picture) const
@@ -280,51 +287,39 @@ QByteArray HostPagesTest::settingsFile() const
 
 void HostPagesTest::asksOnceForADevice_data()
 {
-    QTest::addColumn<bool>("withKeys");
-    QTest::newRow("with keys") << true;
-    QTest::newRow("with the button") << false;
+    QTest::addColumn<bool>("hasStore");
+    QTest::newRow("and for its password") << true;
+    QTest::newRow("and for the password at each start") << false;
 }
 
 void HostPagesTest::asksOnceForADevice()
 {
-    QFETCH(bool, withKeys);
-    start();
+    QFETCH(bool, hasStore);
+    start(hasStore ? Secrets::Fine : Secrets::Missing);
     QVERIFY(said("Try the demo"));
     enterDevice(m_devices[0]);
-    if (withKeys)
-        QTest::keyClick(window(), Qt::Key_Return);
-    else
+    if (hasStore)
         click(u("Connect"));
-    QTRY_VERIFY_WITH_TIMEOUT(showsClient() && !said("Connect"), patience);
-    QCOMPARE(m_secrets.values(), QStringList{u(password)});
-    QVERIFY2(settingsFile().contains("anna"), settingsFile());
-    QVERIFY2(!settingsFile().contains("sesame"), settingsFile());
+    else
+        press({Qt::Key_Return});
+    QTRY_VERIFY_WITH_TIMEOUT(showsClient(), patience);
+    QCOMPARE(m_secrets.values(), hasStore ? QStringList{u(password)} : QStringList());
+    QVERIFY2(settingsFile().contains("anna") && !settingsFile().contains("sesame"), settingsFile());
 
-    start();
+    start(hasStore ? Secrets::Fine : Secrets::Missing);
+    if (!hasStore) {
+        QVERIFY(said("Connect"));
+        QCOMPARE(focused(), u("password"));
+        enter({u(password)});
+        press({Qt::Key_Return});
+    }
+    QTRY_VERIFY_WITH_TIMEOUT(showsClient(), patience);
     QTRY_COMPARE_WITH_TIMEOUT(m_devices[0].joinedConnections(), 1, patience);
-    QVERIFY(showsClient() && !said("Connect"));
-}
-
-void HostPagesTest::asksForThePasswordWithoutAStore()
-{
-    start(NoStore);
-    showFirstDevice();
-    QVERIFY2(!settingsFile().contains("sesame"), settingsFile());
-
-    start(NoStore);
-    QVERIFY(said("Connect"));
-    QCOMPARE(focused(), u("password"));
-    enter({u(password)});
-    QTest::keyClick(window(), Qt::Key_Return);
-    QTRY_VERIFY_WITH_TIMEOUT(showsClient() && !said("Connect"), patience);
-    QCOMPARE(m_devices[0].joinedConnections(), 1);
 }
 
 void HostPagesTest::changesBetweenDevices()
 {
-    start();
-    click(u("Try the demo"));
-    QTRY_VERIFY_WITH_TIMEOUT(showsClient() && !said("Connect"), patience);
+    showDemo();
     openSettings();
     QTRY_VERIFY_WITH_TIMEOUT(said("Connected to the demo."), patience);
     for (const QString &name : {u("Town"), u("Country")}) {
@@ -349,35 +344,30 @@ void HostPagesTest::changesBetweenDevices()
 
 void HostPagesTest::changesAndForgetsADevice()
 {
-    start();
     showFirstDevice();
     openSettings();
     click(u("Change"));
     enter({u("House"), m_devices[1].host(), QString::number(m_devices[1].port())});
-    QTest::keyClick(window(), Qt::Key_Return);
+    press({Qt::Key_Return});
     QTRY_VERIFY_WITH_TIMEOUT(said("Connected to House."), patience);
     QCOMPARE(m_devices[1].joinedConnections(), 1); // with the password that was known
     click(u("Forget"));
     QVERIFY(!said("House"));
     QTRY_COMPARE_WITH_TIMEOUT(m_devices[1].liveConnections(), 0, patience);
     QCOMPARE(m_secrets.size(), 0);
-    QTest::keyClick(window(), Qt::Key_Escape);
+    press({Qt::Key_Escape});
     QVERIFY(said("Try the demo"));
 }
 
 void HostPagesTest::speaksAnotherLanguageAtOnce()
 {
-    start();
-    click(u("Try the demo"));
-    QTRY_VERIFY_WITH_TIMEOUT(showsClient() && !said("Connect"), patience);
+    showDemo();
     QCOMPARE(wordForTrack(), u("Tracks"));
     openSettings();
     click(u("Italiano"));
-    QVERIFY(said("Impostazioni") && !said("Settings"));
-    QTRY_VERIFY_WITH_TIMEOUT(said("Connesso alla demo."), patience);
     QCOMPARE(wordForTrack(), u("Tracce"));
     click(u("Deutsch"));
-    QVERIFY(said("Einstellungen") && said("Gerät hinzufügen"));
+    QVERIFY(said("Einstellungen") && said("Gerät hinzufügen") && !said("Settings"));
     QTRY_VERIFY_WITH_TIMEOUT(said("Mit der Demo verbunden."), patience);
     QCOMPARE(wordForTrack(), u("Titel"));
     click(u("Zurück"));
@@ -388,54 +378,63 @@ void HostPagesTest::speaksAnotherLanguageAtOnce()
 
 void HostPagesTest::tellsTheStateOfTheConnection()
 {
-    m_devices[0].faults().ignoreLogin = true;
-    m_devices[0].stopListening();
+    DeviceSimulator &device = m_devices[0];
+    device.faults().ignoreLogin = true;
+    device.stopListening();
     start();
-    enterDevice(m_devices[0]);
-    QTest::keyClick(window(), Qt::Key_Return);
-    QVERIFY(said(qPrintable(u("Reaching for 127.0.0.1:%1 ...").arg(m_devices[0].port()))));
-    QVERIFY(m_devices[0].listenAgain());
-    QTest::keyClick(window(), Qt::Key_Return);
-    QTRY_VERIFY_WITH_TIMEOUT(said("Waiting for the device to accept anna. A refusal looks the same."),
-                             patience);
-    m_devices[0].faults() = {};
-    QTRY_VERIFY_WITH_TIMEOUT(showsClient() && !said("Connect"), patience);
+    enterDevice(device);
+    press({Qt::Key_Return});
+    QVERIFY(said(qPrintable(u("Reaching for 127.0.0.1:%1 ...").arg(device.port()))));
+    QVERIFY(device.listenAgain());
+    press({Qt::Key_Return});
+    QTRY_VERIFY_WITH_TIMEOUT(said(waiting), patience);
+    device.faults() = {};
+    QTRY_VERIFY_WITH_TIMEOUT(showsClient(), patience);
     openSettings();
     QVERIFY(said("Connected to 127.0.0.1."));
-    m_devices[0].stopListening();
-    m_devices[0].dropAll();
+    device.stopListening();
+    device.dropAll();
     QTRY_VERIFY_WITH_TIMEOUT(said("The connection was lost; trying again."), patience);
-    QVERIFY(m_devices[0].listenAgain());
+    QVERIFY(device.listenAgain());
     QTRY_VERIFY_WITH_TIMEOUT(said("Connected to 127.0.0.1."), patience);
+    press({Qt::Key_Escape});
+    device.faults().refuseLogin = true;
+    device.dropAll();
+    QTRY_COMPARE_WITH_TIMEOUT(notice(), u(waiting), patience);
+    QVERIFY(!shows("ConnectionOverlay")); // the client says nothing
+    device.faults() = {};
+    QTRY_COMPARE_WITH_TIMEOUT(notice(), QString(), patience);
+
+    // Nothing emits this yet, but for a library that does.
+    const auto *screen = SceneSearch::ofType(root(), "OutputsView");
+    auto *link = screen->property("halvora").value<QObject *>()->property("connPointer").value<QObject *>();
+    QVERIFY(QMetaObject::invokeMethod(link, "authenticationRefused"));
+    QTRY_COMPARE(notice(), u("The device does not accept anna with this password."));
 }
 
 void HostPagesTest::closesWithEscapeWhatIsOpen()
 {
-    start();
-    click(u("Try the demo"));
-    QTRY_VERIFY_WITH_TIMEOUT(showsClient() && !said("Connect"), patience);
+    showDemo();
     openPlayer();
     touch("/queue.png");
     touch("/save.png");
     const SceneVisitor visitor(window());
     QTRY_VERIFY_WITH_TIMEOUT(visitor.sees("PlaylistSaveDialog"), patience);
-    QTest::keyClick(window(), Qt::Key_Escape);
+    press({Qt::Key_Escape});
     QTRY_VERIFY_WITH_TIMEOUT(visitor.sees("QueueView") && !visitor.sees("PlaylistSaveDialog"), patience);
-    QTest::keyClick(window(), Qt::Key_Escape);
+    press({Qt::Key_Escape});
     QTRY_VERIFY_WITH_TIMEOUT(!visitor.sees("QueueView"), patience);
     openSettings();
     click(u("Add a device"));
-    QTest::keyClick(window(), Qt::Key_Escape);
+    press({Qt::Key_Escape});
     QVERIFY(said("Add a device"));
-    QTest::keyClick(window(), Qt::Key_Escape);
+    press({Qt::Key_Escape});
     QVERIFY(!said("Settings") && visitor.sees("PlayerView"));
 }
 
-void HostPagesTest::leadsThroughTheBarWithKeys()
+void HostPagesTest::leadsThroughTheBar()
 {
-    start();
-    click(u("Try the demo"));
-    QTRY_VERIFY_WITH_TIMEOUT(showsClient() && !said("Connect"), patience);
+    showDemo();
     const auto hasKeys = [this](const char *tab) {
         return window()->activeFocusItem()->objectName() == u(tab);
     };
@@ -449,30 +448,70 @@ void HostPagesTest::leadsThroughTheBarWithKeys()
     press({Qt::Key_Return});
     QVERIFY(said("Settings"));
     press({Qt::Key_Escape});
+    const auto clickTab = [this](int tab) {
+        const QPoint place((window()->width() - 85) / 4 * (1 + 2 * tab), window()->height() - 30);
+        QTest::mouseClick(window(), Qt::LeftButton, {}, place);
+        return SceneSearch::withText(root(), "source", u(tab ? "/halvora_sel_0.png" : "/output_sel_0.png"))
+            && shows(tab ? "PlayerView" : "OutputsView") && !shows(tab ? "OutputsView" : "PlayerView");
+    };
+    QVERIFY(!clickTab(1));
     openPlayer();
-    touch("/output.png");
+    for (const int wanted : {0, 1, 1, 0})
+        QVERIFY(clickTab(wanted));
     press({Qt::Key_Tab, Qt::Key_Right});
     QVERIFY(hasKeys("playerTab"));
     press({Qt::Key_Space});
-    QVERIFY(SceneSearch::ofType(root(), "PlayerView"));
+    QVERIFY(shows("PlayerView"));
     press({Qt::Key_Left, Qt::Key_Enter});
-    QVERIFY(SceneSearch::ofType(root(), "OutputsView"));
+    QVERIFY(shows("OutputsView"));
+}
+
+void HostPagesTest::standsOnWholePixels()
+{
+    showFirstDevice();
+    QCOMPARE(window()->size(), QSize(450, 710));
+    for (const QSize &size : {QSize(450, 710), QSize(601, 811)}) {
+        window()->resize(size);
+        const auto *screen = SceneSearch::ofType(root(), "OutputsView");
+        QTRY_COMPARE(screen->mapRectToScene(screen->boundingRect()),
+                     QRectF(0, 0, size.width(), size.height() - 70));
+        const auto *player = SceneSearch::withText(root(), "source", u("/halvora.png"));
+        QCOMPARE(player->size(), QSizeF(75, 65)); // the picture's own
+        QCOMPARE(player->mapToScene({}), QPointF(player->mapToScene({}).toPoint()));
+    }
+}
+
+void HostPagesTest::leavesAndReturnsWithTheWindow()
+{
+    showFirstDevice();
+    window()->showMinimized();
+    QTRY_COMPARE_WITH_TIMEOUT(m_devices[0].liveConnections(), 0, patience);
+    window()->showNormal();
+    QTRY_COMPARE_WITH_TIMEOUT(m_devices[0].joinedConnections(), 1, patience);
+    const int accepted = m_devices[0].acceptedConnections();
+    const auto *presence = window()->findChild<QObject *>(u("presence"));
+    for (const int changes : {20, 21}) {
+        for (int change = 0; change < changes; ++change) {
+            window()->setWindowState(change % 2 == 0 ? Qt::WindowMinimized : Qt::WindowNoState);
+            QCoreApplication::processEvents();
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(presence->property("settled").toBool(), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(m_devices[0].joinedConnections(), changes % 2 ? 0 : 1, patience);
+        QCOMPARE(m_devices[0].acceptedConnections(), accepted); // the link was never ended for nothing
+    }
 }
 
 void HostPagesTest::showsWholeWords_data()
 {
-    QTest::addColumn<QString>("language");
     QTest::addColumn<QStringList>("pages"); // what is clicked, from the first page on
-    QTest::newRow("English") << u("en") << QStringList{u("Settings"), u("Add a device")};
-    QTest::newRow("German") << u("de") << QStringList{u("Einstellungen"), u("Gerät hinzufügen")};
-    QTest::newRow("Italian") << u("it") << QStringList{u("Impostazioni"), u("Aggiungi un dispositivo")};
+    QTest::newRow("de") << QStringList{u("Einstellungen"), u("Gerät hinzufügen")};
+    QTest::newRow("it") << QStringList{u("Impostazioni"), u("Aggiungi un dispositivo")};
 }
 
 void HostPagesTest::showsWholeWords()
 {
-    QFETCH(QString, language);
     QFETCH(QStringList, pages);
-    QSettings().setValue(u("language"), language);
+    QSettings().setValue(u("language"), u(QTest::currentDataTag()));
     start();
     m_host->controller.keep(
         -1, {{u("name"), u("House")}, {u("host"), u("127.0.0.1")}, {u("port"), 5000}, {u("user"), u("a")}});
@@ -487,9 +526,9 @@ void HostPagesTest::showsWholeWords()
         QCOMPARE(said("House"), page == pages.at(1));
         for (const QQuickItem *label : labels) {
             const QString text = label->property("text").toString();
-            QVERIFY2(!label->property("truncated").toBool(), qPrintable(text));
-            QVERIFY2(label->property("paintedWidth").toReal() <= label->width(), qPrintable(text));
-            QVERIFY2(label->mapRectToScene(label->boundingRect()).right() <= root()->width(),
+            QVERIFY2(!label->property("truncated").toBool()
+                         && label->property("paintedWidth").toReal() <= label->width()
+                         && label->mapRectToScene(label->boundingRect()).right() <= root()->width(),
                      qPrintable(text));
         }
     }
@@ -502,21 +541,20 @@ void HostPagesTest::fillsTheScreenAndComesBack()
     window()->resize(size);
     QTRY_COMPARE(window()->size(), size);
     QCoreApplication::processEvents();
-    QTest::keyClick(window(), Qt::Key_F11);
+    press({Qt::Key_F11});
     QTRY_COMPARE(window()->size(), window()->screen()->size());
     start();
     QTRY_COMPARE(window()->size(), window()->screen()->size());
-    QTest::keyClick(window(), Qt::Key_F11);
+    press({Qt::Key_F11});
     QTRY_COMPARE(window()->size(), size);
 }
 
 void HostPagesTest::standsWhereItStood_data()
 {
-    QTest::addColumn<QRect>(
-        "left"); // the frame's place and the size that were kept, on a screen of 800 by 600
+    // The frame's place and the size that were kept, on a screen of 800 by 600.
+    QTest::addColumn<QRect>("left");
     QTest::addColumn<QRect>("stands");
-    QTest::newRow("on the screen") << QRect(30, 40, 360, 540) << QRect(30, 40, 360, 540);
-    QTest::newRow("to the left of it") << QRect(-5000, 40, 360, 540) << QRect(0, 40, 360, 540);
+    QTest::newRow("left of the screen") << QRect(-5000, 40, 360, 540) << QRect(0, 40, 360, 540);
     QTest::newRow("below it") << QRect(30, 5000, 360, 540) << QRect(30, 60, 360, 540);
     QTest::newRow("larger than it") << QRect(0, 0, 4000, 4000) << QRect(0, 0, 800, 600);
     QTest::newRow("too small") << QRect(10, 10, 1, 1) << QRect(10, 10, 340, 520);
@@ -541,36 +579,30 @@ void HostPagesTest::standsWhereItStood()
 
 void HostPagesTest::complainsAndKeepsWhatWasTyped_data()
 {
-    QTest::addColumn<QStringList>("typed"); // address, port, user, password
+    QTest::addColumn<QString>("typed"); // address, port, user, password
     QTest::addColumn<QString>("complaint");
-    const QString port = u("The port is a number from 1 to 65535.");
-    QTest::newRow("no address") << QStringList{u(""), u("5000"), u("a"), u("b")}
-                                << u("The address of the device is missing.");
-    QTest::newRow("blank") << QStringList{u("a b"), u("5000"), u("a"), u("b")}
-                           << u("\"a b\" is no address; a name or, for example, 192.168.1.20 is.");
-    for (const char *wrong : {"", "0", "65536", "12x", "-1"})
-        QTest::newRow(qPrintable(u("port ") + u(wrong)))
-            << QStringList{u("127.0.0.1"), u(wrong), u("a"), u("b")} << port;
-    QTest::newRow("no user") << QStringList{u("127.0.0.1"), u("5000"), u(" "), u("b")}
-                             << u("The name of the user is missing.");
-    QTest::newRow("bar") << QStringList{u("127.0.0.1"), u("5000"), u("a|b"), u("b")}
-                         << u("The name of the user cannot hold \"|\".");
-    QTest::newRow("no password") << QStringList{u("127.0.0.1"), u("5000"), u("a"), u("")}
-                                 << u("The password is missing.");
+    const auto row = [](const char *name, const char *typed, const char *complaint) {
+        QTest::newRow(name) << u(typed) << u(complaint);
+    };
+    row("no address", ",5000,a,b", "The address of the device is missing.");
+    row("blank", "a b,5000,a,b", "\"a b\" is no address; a name or, for example, 192.168.1.20 is.");
+    row("port of letters", "127.0.0.1,12x,a,b", "The port is a number from 1 to 65535.");
+    row("large port", "127.0.0.1,65536,a,b", "The port is a number from 1 to 65535.");
+    row("no user", "127.0.0.1,5000, ,b", "The name of the user is missing.");
+    row("bar", "127.0.0.1,5000,a|b,b", "The name of the user cannot hold \"|\".");
+    row("no password", "127.0.0.1,5000,a,", "The password is missing.");
 }
 
 void HostPagesTest::complainsAndKeepsWhatWasTyped()
 {
-    QFETCH(QStringList, typed);
+    QFETCH(QString, typed);
     QFETCH(QString, complaint);
     start();
-    enter(typed);
-    QTest::keyClick(window(), Qt::Key_Return);
+    enter(typed.split(u(",")));
+    press({Qt::Key_Return});
     QVERIFY(said(qPrintable(complaint)));
-    const char *const fields[] = {"host", "port", "user", "password"};
-    for (int i = 0; i < 4; ++i)
-        QCOMPARE(SceneSearch::withText(root(), "objectName", u(fields[i]))->property("text").toString(),
-                 typed.at(i));
+    QCOMPARE((QStringList{textOf("host"), textOf("port"), textOf("user"), textOf("password")}.join(u(","))),
+             typed);
     QCOMPARE(m_host->controller.deviceHost(), QString());
     QCOMPARE(m_host->controller.devices()->count(), 0);
 }
@@ -579,8 +611,7 @@ void HostPagesTest::goesOnAtADeviceThatDoesNotAnswer_data()
 {
     QTest::addColumn<QString>("host"); // empty: the simulated one, which ends each connection at once
     QTest::addColumn<QString>("sentence");
-    QTest::newRow("closes at once") << QString()
-                                    << u("Waiting for the device to accept anna. A refusal looks the same.");
+    QTest::newRow("closes at once") << QString() << u(waiting);
     QTest::newRow("no such name") << u("no-such-box.invalid")
                                   << u("The network knows no \"no-such-box.invalid\".");
 }
@@ -595,13 +626,12 @@ void HostPagesTest::goesOnAtADeviceThatDoesNotAnswer()
     start();
     enter({host.isEmpty() ? m_devices[0].host() : host, QString::number(m_devices[0].port()), u("anna"),
            u(password)});
-    QTest::keyClick(window(), Qt::Key_Return);
+    press({Qt::Key_Return});
     QTRY_VERIFY_WITH_TIMEOUT(said(qPrintable(sentence)), patience);
-    for (int field = 0; field < 3; ++field)
-        QTest::keyClick(window(), Qt::Key_Backtab);
+    press({Qt::Key_Backtab, Qt::Key_Backtab, Qt::Key_Backtab});
     enterDevice(m_devices[1]);
-    QTest::keyClick(window(), Qt::Key_Return);
-    QTRY_VERIFY_WITH_TIMEOUT(showsClient() && !said("Connect"), patience);
+    press({Qt::Key_Return});
+    QTRY_VERIFY_WITH_TIMEOUT(showsClient(), patience);
     QCOMPARE(m_devices[1].joinedConnections(), 1);
     QCOMPARE(m_host->controller.problem(), QString());
     QCOMPARE(m_host->controller.devices()->count(), 1); // the wrong one was corrected
@@ -638,29 +668,6 @@ void HostPagesTest::forgetsAnUnknownNameWithItsDevice()
     QCOMPARE(notice(), QString());
 }
 
-void HostPagesTest::tellsOfARefusalBehindTheClientsBack()
-{
-    const QString waits = u("Waiting for the device to accept anna. A refusal looks the same.");
-    start();
-    showFirstDevice();
-    m_devices[0].faults().refuseLogin = true;
-    m_devices[0].dropAll();
-    QTRY_COMPARE_WITH_TIMEOUT(notice(), waits, patience);
-    QVERIFY(!SceneSearch::ofType(root(), "ConnectionOverlay")); // the client says nothing
-    openSettings();
-    QVERIFY(said(qPrintable(waits)));
-    m_devices[0].faults() = {};
-    QTRY_VERIFY_WITH_TIMEOUT(said("Connected to 127.0.0.1."), patience);
-    press({Qt::Key_Escape});
-    QCOMPARE(notice(), QString());
-
-    // Nothing emits this yet, but for a library that does.
-    const auto *screen = SceneSearch::ofType(root(), "OutputsView");
-    auto *link = screen->property("halvora").value<QObject *>()->property("connPointer").value<QObject *>();
-    QVERIFY(QMetaObject::invokeMethod(link, "authenticationRefused"));
-    QTRY_COMPARE(notice(), u("The device does not accept anna with this password."));
-}
-
 void HostPagesTest::tellsOfAMusicServerThatIsSilent_data()
 {
     QTest::addColumn<bool>("answersFirst");
@@ -687,7 +694,6 @@ void HostPagesTest::tellsOfAMusicServerThatIsSilent()
         sentence = sentence.arg(state.sources[i].name);
     }
     m_devices[0].setState(state);
-    start();
     showFirstDevice();
     auto *watch = window()->findChild<QObject *>(u("musicServers"));
     if (answersFirst) {
@@ -706,37 +712,22 @@ void HostPagesTest::tellsOfAMusicServerThatIsSilent()
 
 void HostPagesTest::tellsThatTheStoreFails()
 {
-    start(ABrokenStore);
-    showFirstDevice();
+    showFirstDevice(Secrets::Broken);
     openSettings();
     QVERIFY(said("The password could not be kept: the store is shut."));
 }
 
-void HostPagesTest::leavesWhatIsTypedToALateStore_data()
-{
-    QTest::addColumn<bool>("types");
-    QTest::newRow("a person types meanwhile") << true;
-    QTest::newRow("nobody types") << false;
-}
-
 void HostPagesTest::leavesWhatIsTypedToALateStore()
 {
-    QFETCH(bool, types);
-    start();
     showFirstDevice();
-    start(ASlowStore);
-    QVERIFY(said("Connect"));
-    if (types)
-        enter({u("half a pass")});
+    start(Secrets::Slow);
+    enter({u("half a pass")});
     m_store->answer();
-    QCOMPARE(bool(said("Connect")), types);
-    if (types) {
-        QCOMPARE(SceneSearch::withText(root(), "objectName", u("password"))->property("text").toString(),
-                 u("half a pass"));
-        enter({u(password)});
-        QTest::keyClick(window(), Qt::Key_Return);
-    }
-    QTRY_VERIFY_WITH_TIMEOUT(showsClient() && !said("Connect"), patience);
+    QVERIFY(said("Connect"));
+    QCOMPARE(textOf("password"), u("half a pass"));
+    enter({u(password)});
+    press({Qt::Key_Return});
+    QTRY_VERIFY_WITH_TIMEOUT(showsClient(), patience);
     QTRY_COMPARE_WITH_TIMEOUT(m_devices[0].joinedConnections(), 1, patience);
 }
 
