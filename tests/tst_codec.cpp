@@ -3,6 +3,7 @@
 
 #include "link/Aes128.h"
 #include "link/FrameCodec.h"
+#include "link/MessageFields.h"
 #include "link/StreamSplitter.h"
 #include "support/Suite.h"
 
@@ -77,6 +78,7 @@ private Q_SLOTS:
     void agreesWithOpenssl();
     void frames();
     void framesOfRandomTextsComeBack();
+    void fieldsAreAsQtReadsThem();
     void streamCutInTwo();
 
     // What goes wrong
@@ -129,6 +131,16 @@ void TestCodec::framesOfRandomTextsComeBack()
         QCOMPARE(FrameCodec::encryptText(text), frame);
         QCOMPARE(FrameCodec::decryptText(frame), text);
     }
+}
+
+void TestCodec::fieldsAreAsQtReadsThem()
+{
+    const QString numbers =
+        "7|0|007|999999999|2147483647|2147483648|-7|+7| 7|7 |7.0|0x7|7a||\u0667|1e3|--7|12 3|\u00b2"_s;
+    for (const QString &text : {numbers, "|"_s, "||"_s, "a|"_s, "|a"_s, "7@a@@b"_s, ""_s, QString()})
+        QCOMPARE(MessageFields::split(text, '|'), text.split(QLatin1Char('|')));
+    for (const QString &field : numbers.split(QLatin1Char('|')) + QStringList(QString()))
+        QCOMPARE(MessageFields::number(field), field.toInt());
 }
 
 void TestCodec::streamCutInTwo()

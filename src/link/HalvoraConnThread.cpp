@@ -5,6 +5,7 @@
 
 #include "link/Device.h"
 #include "link/HalvoraConnection.h"
+#include "link/MessageFields.h"
 
 #include <QCryptographicHash>
 #include <QSettings>
@@ -153,10 +154,10 @@ void HalvoraConnThread::connectionErrorReceived()
 
 void HalvoraConnThread::elaborateCommandReceived(QString command)
 {
-    const QStringList fields = command.split(QLatin1Char('|'));
+    const QStringList fields = MessageFields::split(command, '|');
     if (fields.size() < 3)
         return;
-    switch (fields.at(2).toInt()) {
+    switch (MessageFields::number(fields.at(2))) {
     case settingsUrlsCode:
         if (fields.size() >= 6)
             Q_EMIT deviceSettingsUrlsUpdated(fields.at(4), fields.at(5));

@@ -4,6 +4,7 @@
 #include "model/Halvora.h"
 
 #include "link/HalvoraConnThread.h"
+#include "link/MessageFields.h"
 #include "player/ListProperty.h"
 #include "player/Reclaimer.h"
 
@@ -13,7 +14,7 @@ constexpr int payloadAt = 4; // number, "BROAD", code and a field that is not re
 
 QStringList subFields(const QString &field)
 {
-    return field.split(QLatin1Char('@'));
+    return MessageFields::split(field, '@');
 }
 
 // The object under `index`, made and entered if it is new.
@@ -120,7 +121,7 @@ void Halvora::commandReceived(QStringList l)
 
     if (l.size() < 3)
         return;
-    const int number = l.at(2).toInt();
+    const int number = MessageFields::number(l.at(2));
     for (const Code &code : codes) {
         if (code.number == number && l.size() >= code.leastFields)
             (this->*code.parse)(l);
@@ -133,7 +134,7 @@ void Halvora::parseSources(const QStringList &l)
         const QStringList fields = subFields(l.at(i));
         if (fields.size() < 3)
             continue;
-        Source *source = entered(&m_sources, fields.at(0).toInt());
+        Source *source = entered(&m_sources, MessageFields::number(fields.at(0)));
         source->setName(fields.at(1));
         if (isSet(fields.at(2)))
             attachNewPlayer(source, fields);
@@ -168,7 +169,7 @@ void Halvora::parseOutputs(const QStringList &l)
     for (int i = payloadAt; i < l.size(); ++i) {
         const QStringList fields = subFields(l.at(i));
         if (fields.size() >= 2)
-            entered(&m_outputs, fields.at(0).toInt())->setName(fields.at(1));
+            entered(&m_outputs, MessageFields::number(fields.at(0)))->setName(fields.at(1));
     }
     Q_EMIT outputsChanged();
 }
@@ -179,12 +180,12 @@ void Halvora::parseRoutes(const QStringList &l)
         if (l.at(i).isEmpty())
             continue;
         const QStringList fields = subFields(l.at(i));
-        Output *output = outputAt(fields.at(0).toInt());
+        Output *output = outputAt(MessageFields::number(fields.at(0)));
         if (!output)
             continue;
         if (fields.size() == 1)
             output->setSelectedSource(nullptr);
-        else if (Source *source = sourceAt(fields.at(1).toInt()))
+        else if (Source *source = sourceAt(MessageFields::number(fields.at(1))))
             route(output, source);
     }
     Q_EMIT routesUpdated();
@@ -192,14 +193,14 @@ void Halvora::parseRoutes(const QStringList &l)
 
 void Halvora::parseOutputState(const QStringList &l)
 {
-    Output *output = outputAt(l.at(payloadAt).toInt());
+    Output *output = outputAt(MessageFields::number(l.at(payloadAt)));
     if (!output)
         return;
     int field = payloadAt + 1;
     for (const NumberSetter set : stateSetters) {
         const QString &value = l.at(field++);
         if (set)
-            set(output, value.toInt());
+            set(output, MessageFields::number(value));
         else
             output->setMute(isSet(value));
     }
@@ -207,13 +208,13 @@ void Halvora::parseOutputState(const QStringList &l)
 
 void Halvora::parseSourceVolume(const QStringList &l)
 {
-    if (Source *source = sourceAt(l.at(payloadAt).toInt()))
-        source->setVolume(l.at(payloadAt + 1).toInt());
+    if (Source *source = sourceAt(MessageFields::number(l.at(payloadAt))))
+        source->setVolume(MessageFields::number(l.at(payloadAt + 1)));
 }
 
 void Halvora::parseAirPlay(const QStringList &l)
 {
-    const Source *source = sourceAt(l.at(payloadAt).toInt());
+    const Source *source = sourceAt(MessageFields::number(l.at(payloadAt)));
     HalvoraPlayer *player = source ? source->player() : nullptr;
     if (!player)
         return;
@@ -237,7 +238,7 @@ void Halvora::parsePlaylistEntries(const QStringList &l)
         if (fields.size() < 3)
             continue;
         auto *entry = new PlaylistEntry;
-        entry->setEntryId(fields.at(0).toInt());
+        entry->setEntryId(MessageFields::number(fields.at(0)));
         entry->setName(fields.at(1));
         entry->setPlaylistRef(fields.at(2));
         m_entries.append(entry);
