@@ -8,4 +8,5 @@ Text {
     color: currentTheme.text
     font.family: "Arial Unicode MS"
     textFormat: Text.PlainText
+    renderType: Text.NativeRendering // crisp where nothing scales or turns it, and cheap to draw where no graphics card does
 }
