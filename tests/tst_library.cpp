@@ -31,6 +31,7 @@ private Q_SLOTS:
     void searchInOneService();
     void tracksOfASearch();
     void playlistIsOpened();
+    void playlistsComeOnceHoweverOftenTheyWereOpened();
     void menuOfAPlaylist();
     void playlistIsMade();
     void playlistIsRenamed();
@@ -240,6 +241,25 @@ void LibraryTest::playlistIsOpened()
     QVERIFY(listener.shows("Add"_s));
     listener.client.click(Listener::rightButton);
     QTRY_COMPARE(listener.client.item("PlaylistsNavPopup"_s)->y(), 645.0);
+}
+
+void LibraryTest::playlistsComeOnceHoweverOftenTheyWereOpened()
+{
+    PlayingListener listener;
+    ClientWindow &client = listener.client;
+    for (int i = 0; i < 2; ++i) {
+        QVERIFY(listener.openPlaylists());
+        client.click(Listener::rightButton);
+        QTRY_COMPARE(client.item("PlaylistsNavPopup"_s)->y(), 645.0);
+    }
+    QVERIFY(listener.openPlaylists());
+    const QSignalSpy told(client.item("PlaylistsNavPopup"_s), SIGNAL(currPlayerChanged()));
+    const QSignalSpy loaded(client.item("PlaylistRootView"_s), SIGNAL(listViewModelChanged()));
+    client.server.playlists()->put("Night"_s, listener.uris(35, 36));
+    client.device.broadcast(26);
+    QVERIFY(listener.shows("Night"_s));
+    QVERIFY(!loaded.isEmpty());
+    QCOMPARE(told.size(), 3 * loaded.size());
 }
 
 void LibraryTest::menuOfAPlaylist()

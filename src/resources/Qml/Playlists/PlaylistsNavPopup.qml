@@ -8,6 +8,19 @@ import "../Elements"
 PlaylistNavController {
     id: root
 
+    property var firstShown: null
+
+    // The change is told as often as the pop-up has been opened, and each list has playlists of its own: one that begins
+    // with the playlist on show is on show.
+    function showPlaylists() {
+        var playlists = currPlayer ? currPlayer.playlists : []
+        var first = playlists.length > 0 ? playlists[0] : null
+        if (!rootView || first !== null && first === firstShown)
+            return
+        firstShown = first
+        rootView.listViewModel = playlists
+    }
+
     function showMoreMenu(playlist) {
         menuPopup.selectedItem = playlist
         menuPopup.y = 0
@@ -34,10 +47,7 @@ PlaylistNavController {
         sizeRoot()
         menuPopup.parkUnlessOpen()
     }
-    onCurrPlayerChanged: {
-        if (rootView)
-            rootView.listViewModel = currPlayer ? currPlayer.playlists : []
-    }
+    onCurrPlayerChanged: showPlaylists()
     Component.onCompleted: {
         initNavigationBar()
         initRootView()
