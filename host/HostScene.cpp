@@ -6,6 +6,7 @@
 #include "HostController.h"
 #include "HostLog.h"
 #include "HostPreferences.h"
+#include "LinkNews.h"
 #include "PluginGate.h"
 #include "QmlModules.h"
 
@@ -19,7 +20,9 @@ HostScene::HostScene(const PluginGate &gate, HostController *controller, HostPre
     gate.initialize(&m_engine);
     static const int theme = qmlRegisterSingletonType(QUrl(QStringLiteral("qrc:/host/HostTheme.qml")),
                                                       "halvora.host", 1, 0, "HostTheme");
+    static const int news = qmlRegisterType<LinkNews>("halvora.host", 1, 0, "LinkNews");
     Q_UNUSED(theme)
+    Q_UNUSED(news)
     QObject::connect(preferences, &HostPreferences::languageChanged, &m_engine, &QQmlEngine::retranslate);
     QObject::connect(preferences, &HostPreferences::notKept, controller, &HostController::setProblem);
 }

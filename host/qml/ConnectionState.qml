@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 
 import QtQuick 2.0
+import halvora.host 1.0
 
 // The state of the link in words. What the link tells the client's screens is heard at its own signals: the screens
 // show it only where they lie hidden under their overlay, but a device that was lost is called again behind their back.
@@ -48,15 +49,11 @@ QtObject {
 
     onShownModelChanged: if (shownModel) model = shownModel
 
-    property Connections link: Connections {
-        target: root.model ? root.model.connPointer : null
-        function onSetConnectionScreenMessage(message) {
-            root.phase = message === "Authentication in progress..." ? "waiting" : root.met ? "lost" : "reaching";
-        }
-        function onRequireAuthenticationDialog() {
-            root.phase = "refused";
-        }
-        function onShowConnectionScreen(show) {
+    property LinkNews news: LinkNews {
+        link: root.model ? root.model.connPointer : null
+        onMessageSet: root.phase = message === "Authentication in progress..." ? "waiting" : root.met ? "lost" : "reaching"
+        onAuthenticationRequired: root.phase = "refused"
+        onScreenShown: {
             if (show)
                 return;
             root.met = true;

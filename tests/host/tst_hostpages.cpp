@@ -81,6 +81,7 @@ private Q_SLOTS:
     void leadsThroughTheBar();
     void standsOnWholePixels();
     void leavesAndReturnsWithTheWindow();
+    void endsWithWordsUnderWay();
     void showsWholeWords_data();
     void showsWholeWords();
     void fillsTheScreenAndComesBack();
@@ -499,6 +500,16 @@ void HostPagesTest::leavesAndReturnsWithTheWindow()
         QTRY_COMPARE_WITH_TIMEOUT(m_devices[0].joinedConnections(), changes % 2 ? 0 : 1, patience);
         QCOMPARE(m_devices[0].acceptedConnections(), accepted); // the link was never ended for nothing
     }
+}
+
+/// The host ends while the last words of the link's thread wait to be heard. A sanitized build tells what is lost then.
+void HostPagesTest::endsWithWordsUnderWay()
+{
+    showFirstDevice();
+    auto *presence = window()->findChild<QObject *>(u("presence"));
+    QVERIFY(presence->setProperty("foreground", false)); // returns when the thread has ended
+    m_host.reset();
+    QTRY_COMPARE_WITH_TIMEOUT(m_devices[0].liveConnections(), 0, patience);
 }
 
 void HostPagesTest::showsWholeWords_data()
