@@ -18,9 +18,6 @@
 
 namespace {
 
-constexpr int listenRetry = 50; // milliseconds
-constexpr int listenAttempts = 100;
-
 QString compact(const QJsonObject &object)
 {
     return QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
@@ -114,26 +111,6 @@ void MusicServerSimulator::connectParts()
 bool MusicServerSimulator::listenAgain()
 {
     return m_door.isListening() || m_door.listen(m_door.port());
-}
-
-void MusicServerSimulator::refuseFor(int milliseconds)
-{
-    stopListening();
-    listenAgainIn(milliseconds, listenAttempts);
-}
-
-// Any process of the machine may have got the port meanwhile; connections out of it end soon.
-void MusicServerSimulator::listenAgainIn(int milliseconds, int attempts)
-{
-    QTimer::singleShot(milliseconds, this, [this, attempts] {
-        if (listenAgain())
-            return;
-        if (attempts > 1)
-            listenAgainIn(listenRetry, attempts - 1);
-        else
-            qWarning("The music server cannot listen again on port %d: %s", port(),
-                     qPrintable(errorString()));
-    });
 }
 
 QString MusicServerSimulator::host() const

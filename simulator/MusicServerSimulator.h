@@ -48,9 +48,6 @@ public:
     bool listen(quint16 port = 0) { return m_door.listen(port); }
     void stopListening() { m_door.close(); } ///< open sockets stay; new ones are refused by the system
     bool listenAgain();                      ///< on the port it had before
-    /// Stops listening and takes it up again by itself; tries for some seconds if another has the port meanwhile,
-    /// then warns and stays closed.
-    void refuseFor(int milliseconds);
     QString errorString() const { return m_door.errorString(); }
     QString host() const; ///< "127.0.0.1"
     quint16 port() const { return m_door.port(); }
@@ -110,7 +107,6 @@ private:
     void carryOut(QWebSocket *socket, const ReceivedRequest &request);
     RpcReply outcome(const ReceivedRequest &request);
     void reply(QWebSocket *socket, const ReceivedRequest &request, const RpcReply &outcome);
-    void listenAgainIn(int milliseconds, int attempts);
     QString text(const QString &name, const QJsonObject &message);
 
     Catalogue m_catalogue;
