@@ -22,7 +22,6 @@
 #include "player/Song.h"
 #include "plugin/MainTabController.h"
 #include "screens/DynamicTranslator.h"
-#include "screens/ListConnections.h"
 #include "screens/OutputsView.h"
 #include "screens/PlayerView.h"
 #include "screens/Theme.h"
@@ -41,7 +40,6 @@ void registerHalvoraTypes()
 {
     qmlRegisterType<DynamicTranslator>(translations, 1, 0, "DynamicTranslator");
     qmlRegisterType<Theme>(halvoraint, 1, 0, "Theme");
-    qmlRegisterType<ListConnections>(halvoraint, 1, 0, "ListConnections");
     qmlRegisterType<MainTabController>(halvoraint, 1, 0, "MainTabController");
     qmlRegisterType<OutputsView>(halvoraint, 1, 0, "OutputsView");
     qmlRegisterType<PlayerView>(halvoraint, 1, 0, "PlayerView");

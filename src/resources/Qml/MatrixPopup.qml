@@ -9,8 +9,8 @@ import "Elements"
 SlidingPanel {
     id: root
 
-    property alias sourcesModel: header.model
-    property alias outputsModel: rows.model
+    property alias sourcesModel: header.rows
+    property alias outputsModel: rows.rows
     property alias selectedOutput: rows.currentIndex
     property bool selectionEnabled: false
 
@@ -47,7 +47,7 @@ SlidingPanel {
         height: 100
     }
 
-    ListView {
+    ReloadedList {
         id: header
 
         anchors { top: parent.top; topMargin: 50; left: parent.left; leftMargin: 115; right: parent.right; rightMargin: 15 }
@@ -55,7 +55,7 @@ SlidingPanel {
         orientation: ListView.Horizontal
         interactive: false
 
-        delegate: Item {
+        row: Item {
             width: root.cellWidth
             height: header.height
 
@@ -89,13 +89,13 @@ SlidingPanel {
         }
         clip: true
 
-        ListView {
+        ReloadedList {
             id: rows
 
             anchors.fill: parent
             currentIndex: -1
 
-            delegate: MatrixRow {
+            row: MatrixRow {
                 // `index` is the output's own number here; the position is the view's to say.
                 function position() {
                     return rows.indexAt(x, y)

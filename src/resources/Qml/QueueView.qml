@@ -26,7 +26,7 @@ SlidingPanel {
 
     // The list then stands at the row that plays.
     function loadQueue() {
-        list.model = currentPlayer ? currentPlayer.queue : []
+        list.rows = currentPlayer ? currentPlayer.queue : []
         updateSelection()
     }
 
@@ -88,7 +88,7 @@ SlidingPanel {
         // The row that plays goes to the top at once; a search for it across a long queue would take its time.
         highlightFollowsCurrentItem: false
 
-        delegate: SongCell {
+        row: SongCell {
             property Song playerItem: modelData
 
             onPlayerItemChanged: {

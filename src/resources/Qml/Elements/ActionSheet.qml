@@ -19,11 +19,10 @@ SlidingPanel {
     signal actionChosen(string key)
     signal close()
 
-    // The rows are made anew: a list that gets the same keys again would keep its rows, with the former item's name.
+    // The rows are made anew, as the same keys may stand for another name.
     function offer(keys) {
         quoted = { "It_PlayNow": selectedItem.name, "It_ShowAlbum": selectedItem.album }
-        menu.model = []
-        menu.model = keys
+        menu.rows = keys
     }
 
     function rowText(key) {
@@ -77,7 +76,7 @@ SlidingPanel {
             topMargin: 5
             interactive: false
 
-            delegate: BoxedLabel {
+            row: BoxedLabel {
                 width: menu.width
                 height: 50
                 color: currentTheme.icons

@@ -8,7 +8,7 @@ import ".."
 Rectangle {
     id: root
 
-    property alias model: list.model
+    property alias model: list.rows
     property alias selectedUri: list.selectedUri
     property var translator: null
     property bool settled: false
@@ -73,7 +73,7 @@ Rectangle {
         anchors { fill: parent; topMargin: 50; leftMargin: 15; rightMargin: 15; bottomMargin: 15 }
         clip: true
         currentIndex: 0
-        delegate: PlainLabel {
+        row: PlainLabel {
             id: title
 
             width: list.width

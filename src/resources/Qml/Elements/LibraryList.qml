@@ -14,7 +14,7 @@ Rectangle {
     // The headings have to be settled before the rows come.
     function load() {
         list.section.property = navView.rowTypes && navView.rowTypes.length > 1 ? "type" : ""
-        list.model = navView.rowTypes ? navView.allSortedItems : []
+        list.rows = navView.rowTypes ? navView.allSortedItems : []
     }
 
     function refreshItems() {
@@ -33,8 +33,8 @@ Rectangle {
     RefreshableList {
         id: list
 
-        onModelChanged: {
-            if (model.length > 0)
+        onRowsChanged: {
+            if (rows.length > 0)
                 root.navView.requireLookup(0, 10)
         }
         onCameToRest: root.navView.requireLookup(first, last)
@@ -42,7 +42,7 @@ Rectangle {
         anchors.fill: parent
         cacheBuffer: 1500
         section.delegate: root.heading
-        delegate: LibraryRow {
+        row: LibraryRow {
             width: list.width
             playerItem: modelData
             navView: root.navView

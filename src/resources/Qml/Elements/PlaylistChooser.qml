@@ -8,7 +8,7 @@ import ".."
 Rectangle {
     id: root
 
-    property alias model: list.model
+    property alias model: list.rows
     property bool open: false
     property bool sliding: false
     property real farther: 0
@@ -48,7 +48,7 @@ Rectangle {
         clip: true
         currentIndex: -1
 
-        delegate: LineLabel {
+        row: LineLabel {
             width: list.width
             height: 35
             text: modelData.name

@@ -2,15 +2,29 @@
 // SPDX-License-Identifier: Apache-2.0
 
 import QtQuick 2.0
-import com.kestrum.halvoraint 1.0
+import QtQml.Models 2.2
 
-// A list that gets a new model over and over and costs no more for it. Its delegate is not to change.
+// A list that gets new rows over and over and costs no more for it: a queue is polled for months. A ListView that makes
+// its model itself is connected to it once more by Qt 5.15 with all that it is to show, and keeps every connection. Here
+// the rows have a model of their own, which goes with them.
 ListView {
     id: root
 
-    model: 0 // ahead of the delegate: the view is then the parent of what it makes for its models
+    property var rows: [] // each assignment loads the list anew
+    property Component row: null
 
-    ListConnections {
-        view: root
+    onRowsChanged: {
+        var former = model
+        model = maker.createObject(root, { model: rows })
+        if (former)
+            former.destroy()
+    }
+
+    Component {
+        id: maker
+
+        DelegateModel {
+            delegate: root.row
+        }
     }
 }

@@ -15,7 +15,7 @@ NavigationView {
     property var currPlayer: null
     property bool enableSelection: false
 
-    onCurrHalvoraChanged: list.model = currHalvora ? currHalvora.playlistEntries : []
+    onCurrHalvoraChanged: list.rows = currHalvora ? currHalvora.playlistEntries : []
 
     title: "Playlist Entries"
 
@@ -34,7 +34,7 @@ NavigationView {
 
         anchors.fill: parent
         clip: true
-        delegate: PlaylistEntryCell {
+        row: PlaylistEntryCell {
             onClicked: {
                 if (!root.enableSelection)
                     return

@@ -8,7 +8,7 @@ import "../Elements"
 NavigationView {
     id: root
 
-    property alias listViewModel: list.model
+    property alias listViewModel: list.rows
     property var currHalvora: null
 
     signal openMenuWithItem(var p)
@@ -40,7 +40,7 @@ NavigationView {
 
         anchors { fill: parent; bottomMargin: 45 }
         clip: true
-        delegate: PlaylistCell {
+        row: PlaylistCell {
             function refreshCellInfo() {
                 var imgPath = model.smallImgPath
                 if (imgPath !== "")
