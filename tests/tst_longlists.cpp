@@ -67,9 +67,30 @@ QString reply(const QString &head, const QString &result)
         + QString(5000, QLatin1Char('p')) + "\"}]}"_s;
 }
 
+QString replyHead(int id)
+{
+    return R"({"jsonrpc":"2.0","id":"%1")"_s.arg(id);
+}
+
 const QString entries = R"([{"tlid":1,"track":%1},{"tlid":2,"track":{"name":"B","uri":"u:2"}}])"_s;
 
 } // namespace
+
+class ListReceiver final : public QObject, public LongReplyReader
+{
+    Q_OBJECT
+
+public:
+    Q_INVOKABLE void browseList(int id, QJsonValue) { calls << "%1 read"_s.arg(id); }
+    bool readLongReply(const char *handler, int id, const JsonText &) override
+    {
+        calls << "%1 unread for %2"_s.arg(id).arg(QLatin1String(handler));
+        return reads;
+    }
+
+    bool reads = true;
+    QStringList calls;
+};
 
 class LongLists final : public Suite
 {
@@ -81,6 +102,7 @@ private Q_SLOTS:
     void isReadAsQtReadsIt();
     void rowsAreReadAsQtReadsThem();
     void longReplyOnTheSocketMakesTheQueue();
+    void longRepliesGoUnreadToWhoReadsThem();
 
     // What goes wrong
     void isLeftToQt_data();
@@ -153,6 +175,29 @@ void LongLists::longReplyOnTheSocketMakesTheQueue()
     }
 }
 
+void LongLists::longRepliesGoUnreadToWhoReadsThem()
+{
+    ConnectedStudio studio;
+    ListReceiver receiver;
+    QStringList expected;
+    for (const bool reads : {true, false}) {
+        receiver.reads = reads;
+        const int id = studio.player.actionBrowse("u"_s, &receiver, "browseList");
+        studio.say(reply(replyHead(id), "{}"_s));
+        expected << "%1 unread for browseList"_s.arg(id);
+        if (!reads)
+            expected << "%1 read"_s.arg(id);
+    }
+    const int id = studio.player.actionBrowse("u"_s, &receiver, "browseList");
+    studio.say(replyHead(id) + ",\"result\":[]}"_s);
+    expected << "%1 read"_s.arg(id);
+    QCOMPARE(receiver.calls, expected);
+    LongReplyReader &player = studio.player;
+    QVERIFY(player.readLongReply("updateQueue", 0, whole(R"([{"tlid":8,"track":{"uri":"u"}}])"_s)));
+    QVERIFY(!player.readLongReply("updatePlaylists", 0, whole("[]"_s)));
+    QCOMPARE(studio.player.queueTlid(), QList<int>{8});
+}
+
 void LongLists::isLeftToQt_data()
 {
     QTest::addColumn<QString>("text");
@@ -170,7 +215,7 @@ void LongLists::isLeftToQt_data()
                               "\"\x01\"", "01", "-", "1.", "1e5", ".5", "+1", "1234567890123456789", "tru",
                               "nulL", "{\"a\\u0062\":1}", "[1,]", "{1:2}"})
         QTest::newRow(value) << entries.arg("{\"uri\":\"u\",\"x\":"_s + QString::fromLatin1(value) + "}"_s);
-    for (const ushort half : {0xd83c, 0xdfb5, 0xffff}) // of a pair, or no character
+    for (const ushort half : {0xd83c, 0xdfb5, 0xffff, 0xfeff}) // of a pair, or no character
         QTest::addRow("%x", half) << entries.arg("{\"uri\":\""_s + QChar(half) + "\"}"_s);
 }
 
@@ -197,12 +242,12 @@ void LongLists::rowsAreLeftToQt()
 void LongLists::brokenLongReplyChangesNothing_data()
 {
     QTest::addColumn<QString>("text");
-    const QString head = R"({"jsonrpc":"2.0","id":"%1")"_s;
     const QString entry = R"({"tlid":4,"track":{"uri":"u"}})"_s;
-    QTest::newRow("cut off") << reply(head.arg(0), entry).chopped(1);
-    QTest::newRow("more behind its end") << reply(head.arg(0), entry) + "x"_s;
-    QTest::newRow("a slip at the very end") << reply(head.arg(0), entry).replace("\"}]}"_s, "\",}]}"_s);
-    QTest::newRow("nobody waits for it") << reply(head.arg(77), entry);
+    QTest::newRow("cut off") << reply(replyHead(0), entry).chopped(1);
+    QTest::newRow("more behind its end") << reply(replyHead(0), entry) + "x"_s;
+    QTest::newRow("a space that is none of JSON's") << reply(replyHead(0), entry) + QChar(QChar::Nbsp);
+    QTest::newRow("a slip at the very end") << reply(replyHead(0), entry).replace("\"}]}"_s, "\",}]}"_s);
+    QTest::newRow("nobody waits for it") << reply(replyHead(77), entry);
     QTest::newRow("an event") << reply(R"({"id":0)"_s, entry).replace("\"}]}"_s, "\"}],\"event\":\"x\"}"_s);
 }
 

@@ -88,6 +88,11 @@ void ListNavController::browseResultReceived(int responseId, QJsonValue v)
     view->setSections(rows.sections);
 }
 
+bool ListNavController::readLongReply(const char *handler, int responseId, const JsonText &result)
+{
+    return qstrcmp(handler, "browseResultReceived") == 0 && browseResultReceived(responseId, result);
+}
+
 bool ListNavController::browseResultReceived(int responseId, const JsonText &result)
 {
     BrowseListView *view = onStack(m_pendingBrowse.value(responseId));

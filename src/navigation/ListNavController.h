@@ -7,6 +7,7 @@
 #include "navigation/BrowseReference.h"
 #include "navigation/LibraryRows.h"
 #include "navigation/NavigationController.h"
+#include "player/LongReplyReader.h"
 
 #include <QHash>
 #include <QPointer>
@@ -21,7 +22,7 @@ class HalvoraPlayer;
  * A base class; GUI thread. The player is not owned; without one nothing is sent. Its end destroys the views that are
  * still on its stack.
  */
-class ListNavController : public NavigationController
+class ListNavController : public NavigationController, public LongReplyReader
 {
     Q_OBJECT
 
@@ -32,7 +33,8 @@ public:
     // Answers of the player. A value of the wrong type is an empty list, no change, or no position.
     Q_INVOKABLE void browseResultReceived(int responseId, QJsonValue v);
     /// The same from the text of the answer. False, and nothing is changed, when it is none that JsonReader reads.
-    Q_INVOKABLE bool browseResultReceived(int responseId, const JsonText &result);
+    bool browseResultReceived(int responseId, const JsonText &result);
+    bool readLongReply(const char *handler, int responseId, const JsonText &result) override;
     Q_INVOKABLE void browseLookupReceived(int responseId, QJsonValue v);
     Q_INVOKABLE void browseImagesReceived(int responseId, QJsonValue v);
     /// Position of the current track, behind which what is to be played at once goes; it goes to the end of the queue

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "player/JsonText.h"
+#include "player/LongReplyReader.h"
 #include "player/PlayerItem.h"
 #include "player/Song.h"
 
@@ -33,12 +34,11 @@ class SocketHandler;
  *
  * Replies: an action that takes `rec` and `hdl` has the reply's "result" delivered to the invokable method of that
  * name, with (int responseId, QJsonValue) if the name begins with "browse" and with (QJsonValue) otherwise; an
- * error, which has no result, delivers an undefined value. A receiver that has an overload of that method with JsonText
- * in place of QJsonValue gets long results unread; see LongReply. `hdl` must be a literal. A receiver that is gone by
- * then, or a reply that never comes, is no fault: nothing happens. Actions on a stopped player send nothing, and
- * what is sent while the connection is down is lost.
+ * error, which has no result, delivers an undefined value. A receiver that is a LongReplyReader gets long results
+ * unread. `hdl` must be a literal. A receiver that is gone by then, or a reply that never comes, is no fault: nothing
+ * happens. Actions on a stopped player send nothing, and what is sent while the connection is down is lost.
  */
-class HalvoraPlayer : public QObject
+class HalvoraPlayer : public QObject, public LongReplyReader
 {
     Q_OBJECT
     Q_PROPERTY(int index READ index WRITE setIndex NOTIFY indexChanged)
@@ -138,13 +138,15 @@ public:
     Q_INVOKABLE void updateRandom(QJsonValue v);
     Q_INVOKABLE void updateRepeat(QJsonValue v);
     Q_INVOKABLE void updateQueue(QJsonValue v);
-    /// The same from the text of the result. False, and nothing is changed, when it is none that JsonReader reads.
-    Q_INVOKABLE bool updateQueue(const JsonText &result);
     Q_INVOKABLE void updateQueueImages(QJsonValue v);
     Q_INVOKABLE void updatePlaylists(QJsonValue v);
     Q_INVOKABLE void updatePlaylistJson(QJsonValue v);
     Q_INVOKABLE void updatePlaylistJsonFromQueue(QJsonValue v);
     Q_INVOKABLE void updatePlaylistTracks(QJsonValue v);
+
+    /// updateQueue() from the text of the result. False, and nothing is changed, when it is none that JsonReader reads.
+    bool updateQueue(const JsonText &result);
+    bool readLongReply(const char *handler, int responseId, const JsonText &result) override;
 
     /// Plays, or goes on when paused.
     Q_INVOKABLE void actionPlay();
@@ -276,7 +278,7 @@ private:
     QTimer *m_refreshTimer = nullptr; // null while not connected
     QTimer m_dropRetry;
     QTimer m_errorRetry;
-    Song *m_currentSong = nullptr;
+    QPointer<Song> m_currentSong;
     QPointer<Song> m_madeSong; // the last one that was made here; anybody may have set another since
     Queue m_queueMap;
     QList<Song *> m_queueSnapshot;

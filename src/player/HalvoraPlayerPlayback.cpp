@@ -109,7 +109,7 @@ void HalvoraPlayer::updateTrackInfo(QJsonValue v)
         Reclaimer::drop(m_madeSong);
         m_madeSong = m_currentSong;
     }
-    if (m_currentSong->images->isEmpty()) {
+    if (m_currentSong && m_currentSong->images->isEmpty()) { // whoever heard of it may have destroyed it
         post(QStringLiteral("core.library.get_images"),
              {{QStringLiteral("uris"), QJsonArray{m_currentSong->uri()}}}, this, "updateTrackImages");
     }

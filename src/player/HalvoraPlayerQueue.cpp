@@ -52,6 +52,11 @@ bool readEntry(JsonReader *reader, QueueEntry *entry)
 
 } // namespace
 
+bool HalvoraPlayer::readLongReply(const char *handler, int, const JsonText &result)
+{
+    return qstrcmp(handler, "updateQueue") == 0 && updateQueue(result);
+}
+
 bool HalvoraPlayer::updateQueue(const JsonText &result)
 {
     JsonReader reader(result);

@@ -15,12 +15,6 @@ bool isDigit(QChar c)
     return c >= QLatin1Char('0') && c <= QLatin1Char('9');
 }
 
-bool isSpace(QChar c)
-{
-    return c == QLatin1Char(' ') || c == QLatin1Char('\n') || c == QLatin1Char('\r')
-        || c == QLatin1Char('\t');
-}
-
 // A character of a text that stands for itself and needs no second look.
 bool isOrdinary(QChar c)
 {
@@ -95,6 +89,12 @@ QString unescaped(const QChar *from, const QChar *end)
 }
 
 } // namespace
+
+bool JsonReader::isSpace(QChar character)
+{
+    return character == QLatin1Char(' ') || character == QLatin1Char('\n') || character == QLatin1Char('\r')
+        || character == QLatin1Char('\t');
+}
 
 JsonReader::JsonReader(const JsonText &text)
     : m_message(text.message),
@@ -182,7 +182,7 @@ const QChar *JsonReader::passText(bool *hasEscapes)
                 return nullptr;
         } else if (at->isHighSurrogate() && m_end - at > 1 && at[1].isLowSurrogate()) {
             at += 2;
-        } else if (at->unicode() >= 0xe000 && at->unicode() < 0xfffe) {
+        } else if (at->unicode() >= 0xe000 && at->unicode() < 0xfffe && *at != QChar::ByteOrderMark) {
             ++at;
         } else {
             return nullptr;

@@ -12,7 +12,7 @@
  * value for the stack of one function, on any thread.
  *
  * It knows plain messages alone, those that servers write, and fails on everything else: on what is no JSON,
- * and also on keys with escapes, control characters, halves of surrogate pairs, numbers with exponents or of
+ * and also on keys with escapes, control characters, byte order marks, halves of surrogate pairs, numbers with exponents or of
  * more than 18 digits, and nests of more than 32 levels. What it does not fail on, Qt's parser reads alike;
  * what it fails on is Qt's to judge. A reader that has failed stays so, and every call then gives false.
  */
@@ -20,6 +20,9 @@ class JsonReader final
 {
 public:
     explicit JsonReader(const JsonText &text);
+
+    /// Whether JSON knows it as space between its parts.
+    static bool isSpace(QChar character);
 
     /// Goes into the object or the array that comes next.
     bool enterObject() { return enter(QLatin1Char('{')); }

@@ -4,9 +4,9 @@
 #include "player/LongReply.h"
 
 #include "player/JsonReader.h"
+#include "player/LongReplyReader.h"
 
-#include <QMetaMethod>
-#include <QMetaObject>
+#include <QObject>
 
 namespace {
 
@@ -14,7 +14,7 @@ namespace {
 int endOfLastValue(const QString &message)
 {
     int end = message.size();
-    while (end > 0 && message.at(end - 1).isSpace())
+    while (end > 0 && JsonReader::isSpace(message.at(end - 1)))
         --end;
     return end > 0 && message.at(end - 1) == QLatin1Char('}') ? end - 1 : -1;
 }
@@ -47,17 +47,6 @@ std::optional<LongReply> LongReply::of(const QString &message)
 
 bool LongReply::deliverTo(QObject *receiver, const char *handler) const
 {
-    const bool withId = qstrncmp(handler, "browse", qstrlen("browse")) == 0;
-    const QByteArray signature = QByteArray(handler) + (withId ? "(int,JsonText)" : "(JsonText)");
-    const int index = receiver->metaObject()->indexOfMethod(signature.constData());
-    if (index < 0)
-        return false;
-    const QMetaMethod method = receiver->metaObject()->method(index);
-    bool read = false;
-    if (withId)
-        method.invoke(receiver, Qt::DirectConnection, Q_RETURN_ARG(bool, read), Q_ARG(int, id),
-                      Q_ARG(JsonText, result));
-    else
-        method.invoke(receiver, Qt::DirectConnection, Q_RETURN_ARG(bool, read), Q_ARG(JsonText, result));
-    return read;
+    auto *reader = dynamic_cast<LongReplyReader *>(receiver);
+    return reader && reader->readLongReply(handler, id, result);
 }

@@ -24,8 +24,6 @@ struct LongReply
     /// "result" alone.
     static std::optional<LongReply> of(const QString &message);
 
-    /// Hands the result to the overload of `receiver`'s handler that takes a JsonText, with the id if the
-    /// handler's name begins with "browse". Such an overload gives true, or false when it has found no plain
-    /// text and has done nothing. False also when there is no such overload.
+    /// Hands the result to `receiver` if it is a LongReplyReader. False when it is none, or has done nothing.
     bool deliverTo(QObject *receiver, const char *handler) const;
 };
