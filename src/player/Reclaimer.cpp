@@ -6,6 +6,24 @@
 #include <QCoreApplication>
 #include <QQmlEngine>
 
+#ifdef __GLIBC__
+#    include <malloc.h>
+#endif
+
+namespace {
+
+constexpr int worthwhile = 1000; // objects that have gone
+
+// The C library keeps what is freed in the middle of its heap, at its highest tide and for good.
+void giveMemoryBack()
+{
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
+}
+
+} // namespace
+
 QPointer<Reclaimer> Reclaimer::s_instance;
 Reclaimer::Queue Reclaimer::s_kept;
 
@@ -63,12 +81,18 @@ void Reclaimer::freeSome()
     constexpr int atOnce = 200;
     for (int i = 0; i < atOnce && !m_dropped.isEmpty(); ++i) {
         QObject *object = m_dropped.dequeue();
+        ++m_gone;
         QJSEngine *seenBy = object ? qjsEngine(object) : nullptr;
         if (seenBy)
             seenBy->newQObject(object);
         else
             delete object;
     }
-    if (m_dropped.isEmpty())
-        m_idle.stop();
+    if (!m_dropped.isEmpty())
+        return;
+    m_idle.stop();
+    if (m_gone < worthwhile)
+        return;
+    m_gone = 0;
+    giveMemoryBack();
 }

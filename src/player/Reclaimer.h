@@ -50,5 +50,6 @@ private:
     static Queue s_kept;
 
     Queue m_dropped;
+    int m_gone = 0; // since memory was given back to the system
     QTimer m_idle;
 };
