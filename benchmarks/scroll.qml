@@ -3,7 +3,7 @@
 
 import QtQuick 2.0
 
-// The peer of the client's list: each row has one text and one picture.
+// The peer of the client's list: each row has one text and one picture, and the text is drawn as the client's is.
 ListView {
     model: holder.allSortedItems
     cacheBuffer: 1500
@@ -28,6 +28,8 @@ ListView {
             color: "white"
             font.family: "Arial Unicode MS"
             font.pixelSize: 17
+            textFormat: Text.PlainText
+            renderType: Text.NativeRendering
         }
     }
 }
