@@ -94,8 +94,20 @@ def table(cases, runs):
 
 
 def first_line(*command):
-    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, check=False)
+    """What a program says first; empty where there is no such program, or where it fails."""
+    try:
+        done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, check=True)
+    except (subprocess.SubprocessError, OSError):
+        return ""
     return done.stdout.splitlines()[0] if done.stdout else ""
+
+
+def system():
+    """The system's name as it calls itself."""
+    try:
+        return platform.freedesktop_os_release()["PRETTY_NAME"]
+    except (KeyError, OSError):
+        return platform.platform()
 
 
 def processor():
@@ -109,15 +121,16 @@ def machine(count):
     """What the numbers were measured on."""
     memory = os.sysconf("SC_PAGE_SIZE") * os.sysconf("SC_PHYS_PAGES") / 2**30
     return (f"{datetime.date.today().isoformat()}, {count} runs of each side: {processor()}, {os.cpu_count()} cores, "
-            f"{memory:.0f} GiB, no graphics card; {first_line('lsb_release', '-ds') or platform.platform()}, "
-            f"Linux {platform.release()}, Qt {first_line('qmake', '-query', 'QT_VERSION') or '5.15'}, "
-            f"{first_line('openssl', 'version')}, Node.js {first_line('node', '--version')}.")
+            f"{memory:.0f} GiB, no graphics card; {system()}, "
+            f"Linux {platform.release()}, Qt {first_line('qmake', '-query', 'QT_VERSION') or 'unknown'}, "
+            f"{first_line('openssl', 'version') or 'OpenSSL unknown'}, "
+            f"Node.js {first_line('node', '--version') or 'unknown'}.")
 
 
-def write(lines, count):
+def write(lines, about):
     before, _, rest = PAGE.read_text().partition(MARKS[0])
     _, _, after = rest.partition(MARKS[1])
-    PAGE.write_text("\n".join([before + MARKS[0], "", machine(count), "", *lines, "", MARKS[1] + after]))
+    PAGE.write_text("\n".join([before + MARKS[0], "", about, "", *lines, "", MARKS[1] + after]))
 
 
 def arguments():
@@ -147,11 +160,12 @@ def main():
     if options.check:
         return 0 if instructions.check() else 1
     cases = [case for case in CASES if not options.cases or case.name in options.cases]
+    about = machine(options.runs)  # ahead of the runs, which take long
     runs = measure(cases, options.runs)
     lines, met = table(cases, runs)
-    print("\n".join([machine(options.runs), ""] + lines))
+    print("\n".join([about, ""] + lines))
     if options.write:
-        write(lines, options.runs)
+        write(lines, about)
     return 0 if met else 1
 
 
