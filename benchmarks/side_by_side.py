@@ -18,6 +18,7 @@ from cases import CASES
 from runs import Failure
 
 PAGE = Path(__file__).resolve().parent.parent / "docs" / "performance.md"
+FEWEST_RUNS = 9  # of each side, for figures that count
 MARKS = ("<!-- The table, written by ./bench --write -->", "<!-- The end of the table -->")
 
 
@@ -137,7 +138,8 @@ def arguments():
     names = sorted({case.name for case in CASES})
     parser = argparse.ArgumentParser(prog="bench", description="Measures the client against its peers.")
     parser.add_argument("cases", nargs="*", metavar="CASE", help=f"only these: {', '.join(names)}")
-    parser.add_argument("--runs", type=int, default=9, help="runs of each side; 9 or more for figures that count")
+    parser.add_argument("--runs", type=int, default=FEWEST_RUNS,
+                        help=f"runs of each side; {FEWEST_RUNS} or more for figures that count")
     parser.add_argument("--write", action="store_true", help="write the table into docs/performance.md")
     parser.add_argument("--check", action="store_true", help="count instructions, and fail when one count has grown")
     parser.add_argument("--record", action="store_true", help="record the counts of instructions")
@@ -149,6 +151,8 @@ def arguments():
         parser.error("--runs needs a number from 1 on.")
     if options.write and options.cases:
         parser.error("--write needs all cases.")
+    if options.write and options.runs < FEWEST_RUNS:
+        parser.error(f"--write needs {FEWEST_RUNS} runs or more.")
     return options
 
 
