@@ -128,7 +128,8 @@ def idle(length=60, settling=8):
         command = [HOST, "--device", f"127.0.0.1:{port}", "--user", "benchmark"]
         with watched(command, home) as process:
             begin = time.monotonic()
-            frames_until(process, lambda frames, now: now - begin > settling)
+            if not frames_until(process, lambda frames, now: now - begin > settling):
+                raise Failure("The host has not told one frame while it settled, so that none at rest says nothing.")
             ask(house)
             before, begin = processor_seconds(process), time.monotonic()
             frames = frames_until(process, lambda frames, now: now - begin > length)
