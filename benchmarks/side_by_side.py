@@ -67,21 +67,28 @@ def compared(row, ours, peer):
 
 
 def goal_of(row):
+    if row.goal is None:
+        return "-"
     number = f"{row.goal:g}"
     return {"most": f"at most {number}", "least": f"at least {number}", "more": f"at most +{number} {row.unit}",
             "alone": f"at most {number} {row.unit}".strip()}[row.kind]
 
 
+def is_met(row, number):
+    if row.goal is None:
+        return None
+    return number >= row.goal if row.kind == "least" else number <= row.goal
+
+
 def line(row, runs):
-    """The cells of one row, and whether its goal is met."""
+    """The cells of one row, and whether its goal is met; None without a goal."""
     ours = runs[("ours", row.value)]
-    peer = runs.get(("peer", row.value), [])
+    peer = runs.get(("peer", row.theirs or row.value), [])
     numbers, text = compared(row, ours, peer)
-    middle = statistics.median(numbers)
-    met = middle >= row.goal if row.kind == "least" else middle <= row.goal
+    met = is_met(row, statistics.median(numbers))
     theirs = f"{row.peer}: {shown(statistics.median(peer), row.unit)}" if peer else row.peer or "-"
     return [row.title, f"{row.ours}: {shown(statistics.median(ours), row.unit)}", theirs, text, goal_of(row),
-            "met" if met else "NOT MET"], met
+            {None: "-", True: "met", False: "NOT MET"}[met]], met
 
 
 def table(cases, runs):
@@ -91,7 +98,7 @@ def table(cases, runs):
     widths = [max(len(row[column]) for row in cells) for column in range(6)]
     lines = ["| " + " | ".join(cell.ljust(width) for cell, width in zip(row, widths)) + " |" for row in cells]
     lines.insert(1, "| " + " | ".join("-" * width for width in widths) + " |")
-    return lines, all(met for _, met in rows)
+    return lines, all(met is not False for _, met in rows)
 
 
 def first_line(*command):
