@@ -6,6 +6,7 @@
 
 import argparse
 import datetime
+import operator
 import os
 import platform
 import statistics
@@ -56,14 +57,21 @@ def shown(value, unit):
 
 
 def compared(row, ours, peer):
-    """The compared numbers of all turns, and how they read."""
+    """The numbers of all turns that are compared with the goal."""
     if row.kind == "alone":
-        return ours, f"{shown(statistics.median(ours), row.unit)} ± {spread(ours):.2f}"
-    if row.kind == "more":
-        numbers = [a - b for a, b in zip(ours, peer)]
-        return numbers, f"{statistics.median(numbers):+.0f} ± {spread(numbers):.0f} {row.unit}"
-    numbers = [a / b for a, b in zip(ours, peer)]
-    return numbers, f"{statistics.median(numbers):.2f} ± {spread(numbers):.2f}"
+        return ours
+    compare = operator.sub if row.kind == "more" else operator.truediv
+    return [compare(a, b) for a, b in zip(ours, peer)]
+
+
+def read(row, numbers):
+    """How they read: with a digit more where they are near the goal, lest rounding meets it."""
+    middle = statistics.median(numbers)
+    near = row.goal and abs(middle - row.goal) <= 0.02 * row.goal
+    digits = (0 if row.kind == "more" else 2) + (1 if near else 0)
+    sign = "+" if row.kind == "more" else ""
+    unit = row.unit if row.kind in ("more", "alone") else ""
+    return f"{middle:{sign},.{digits}f} ± {spread(numbers):.{digits}f} {unit}".strip()
 
 
 def goal_of(row):
@@ -84,11 +92,11 @@ def line(row, runs):
     """The cells of one row, and whether its goal is met; None without a goal."""
     ours = runs[("ours", row.value)]
     peer = runs.get(("peer", row.theirs or row.value), [])
-    numbers, text = compared(row, ours, peer)
+    numbers = compared(row, ours, peer)
     met = is_met(row, statistics.median(numbers))
     theirs = f"{row.peer}: {shown(statistics.median(peer), row.unit)}" if peer else row.peer or "-"
-    return [row.title, f"{row.ours}: {shown(statistics.median(ours), row.unit)}", theirs, text, goal_of(row),
-            {None: "-", True: "met", False: "NOT MET"}[met]], met
+    return [row.title, f"{row.ours}: {shown(statistics.median(ours), row.unit)}", theirs, read(row, numbers),
+            goal_of(row), {None: "-", True: "met", False: "NOT MET"}[met]], met
 
 
 def table(cases, runs):
