@@ -52,18 +52,20 @@ def cipher(size):
 
 def queue(entries):
     def ours():
-        return told(PROGRAMS / "bench_queue", "ours", entries)
+        return told(PROGRAMS / "bench_queue", "ours", entries) | told(PROGRAMS / "bench_queue", "complete", entries)
 
     def peer():
         text = BUILD / f"queue-{entries}.json"
-        if not text.exists():
-            text.write_bytes(subprocess.check_output([PROGRAMS / "bench_queue", "text", str(entries)]))
+        with text.open("wb") as file:
+            subprocess.run([PROGRAMS / "bench_queue", "text", str(entries)], stdout=file, check=True)
         return told(PROGRAMS / "bench_queue", "peer", entries) | told("node", CLIENT, "queue", text)
 
     title = f"tracklist of {entries:,} to `queueChanged`"
     return Case("queue", [
         Row(f"queue-{entries}", title, "`HalvoraPlayer`", "`QJsonDocument::fromJson` alone", "most", 1.3, "ms"),
         Row(f"queue-{entries}-wall", title, "`HalvoraPlayer`", "npm `mopidy`, to its objects", "most", 1.0, "ms"),
+        Row(f"queue-{entries}-complete", f"tracklist of {entries:,} to its last album and artists", "`HalvoraPlayer`",
+            "npm `mopidy`, to its objects", "most", None, "ms", theirs=f"queue-{entries}-wall"),
     ], ours, peer)
 
 
@@ -128,8 +130,11 @@ CASES = [
     simple("scroll", "bench_scroll", Row("scroll", "scrolling 10,000 rows, a frame", "browse list",
                                          "`ListView` of a text and an image", "most", 1.5, "ms")),
     Case("memory", [
-        Row("memory-row", "memory of a row", "library list", "", "alone", 1024, "B"),
-        Row("memory-entry", "memory of a queue entry", "at rest", "", "alone", 1024, "B"),
+        Row("memory-row", "memory of a row, before its details", "library list", "", "alone", 1024, "B"),
+        Row("memory-row-whole", "the same with details and three pictures' addresses", "library list", "", "alone",
+            None, "B"),
+        Row("memory-entry", "memory of a queue entry, without pictures", "at rest", "", "alone", 1024, "B"),
+        Row("memory-entry-whole", "the same with three pictures' addresses", "at rest", "", "alone", None, "B"),
     ], lambda: told(PROGRAMS / "bench_memory", "ours")),
     Case("idle", [
         Row("idle", "idle, 8 players playing, a minute: processor", "host", "", "alone", 0.5, "%"),
@@ -145,4 +150,5 @@ COUNTED = {
     "broad": ["bench_broad", "ours"],
     "queue-1000": ["bench_queue", "ours", "1000"],
     "queue-5000": ["bench_queue", "ours", "5000"],
+    "queue-20000": ["bench_queue", "ours", "20000"],
 }
