@@ -94,7 +94,8 @@ def requests():
         row("requests-in-turn-processor", "one after another: processor", "most", 0.5, "ms"),
         row("requests-pipelined", "pipelined: calls a second", "least", 1.5, "/s"),
         row("requests-pipelined-processor", "pipelined: processor", "most", 0.5, "ms"),
-        row("requests-memory", "memory", "most", 0.5, "MiB"),
+        row("requests-memory", "memory at its peak", "most", 0.5, "MiB"),
+        row("requests-memory-own", "memory at the end, without files", "most", None, "MiB"),
     ], requests_ours, requests_peer)
 
 

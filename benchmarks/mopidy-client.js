@@ -35,6 +35,11 @@ function processSeconds() {
     return (usage.user + usage.system) / 1e6;
 }
 
+// The memory that this process has now without what is mapped from files.
+function ownMebibytes() {
+    return Number(/^RssAnon:\s*(\d+) kB$/m.exec(fs.readFileSync("/proc/self/status", "utf8"))[1]) / 1024;
+}
+
 function online(settings) {
     const mopidy = new Mopidy({ console: quiet, ...settings });
     return new Promise((resolve) => mopidy.on("state:online", () => resolve(mopidy)));
@@ -67,6 +72,7 @@ async function requests(port) {
     await measureRequests("requests-in-turn", inTurn, mopidy);
     await measureRequests("requests-pipelined", pipelined, mopidy);
     report("requests-memory", process.resourceUsage().maxRSS / 1024, "MiB");
+    report("requests-memory-own", ownMebibytes(), "MiB");
     process.exit(0);
 }
 
