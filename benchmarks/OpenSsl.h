@@ -28,10 +28,9 @@ inline QByteArray cbc(Direction direction, const QByteArray &data, const QByteAr
     auto *out = reinterpret_cast<unsigned char *>(result.data());
     int length = 0;
     int rest = 0;
-    const bool done = EVP_CipherInit_ex2(context, algorithm(),
-                                         reinterpret_cast<const unsigned char *>(key.constData()),
-                                         reinterpret_cast<const unsigned char *>(vector.constData()),
-                                         direction, nullptr)
+    const bool done = EVP_CipherInit_ex2(
+                          context, algorithm(), reinterpret_cast<const unsigned char *>(key.constData()),
+                          reinterpret_cast<const unsigned char *>(vector.constData()), direction, nullptr)
         && EVP_CIPHER_CTX_set_padding(context, padded ? 1 : 0)
         && EVP_CipherUpdate(context, out, &length, reinterpret_cast<const unsigned char *>(data.constData()),
                             data.size())

@@ -40,7 +40,8 @@ double toQueueChanged(const QString &text, int entries, Until until, double (*cl
     player->socketMessageReceived(QStringLiteral("{\"event\":\"tracklist_changed\"}"));
     const double before = clock();
     Measurement::timed([&] { player->socketMessageReceived(text); });
-    if (changed < before || player->queueTlid().size() != entries || !Answers::endsTracklist(player.get(), entries))
+    if (changed < before || player->queueTlid().size() != entries
+        || !Answers::endsTracklist(player.get(), entries))
         qFatal("the queue has not arrived");
     return changed - before;
 }

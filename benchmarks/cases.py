@@ -128,8 +128,13 @@ CASES = [
     Case("start", [Row("start", "start to the first full frame, cold QML cache", "host, `--demo`",
                        "an empty window of the same modules", "more", 150, "ms")],
          lambda: started([HOST, "--demo"], True), lambda: started([PROGRAMS / "empty_window"], False)),
-    simple("scroll", "bench_scroll", Row("scroll", "scrolling 10,000 rows, a frame", "browse list",
-                                         "`ListView` of a text and an image", "most", 1.5, "ms")),
+    Case("scroll", [
+        Row("scroll", "scrolling 10,000 rows, a frame", "browse list", "`ListView` of a text and an image", "most", 1.5,
+            "ms"),
+        Row("scroll", "the same, against as many lines of text", "browse list",
+            "`ListView` of three lines and an image", "most", None, "ms", theirs="scroll-all-lines"),
+    ], lambda: told(PROGRAMS / "bench_scroll", "ours"),
+         lambda: told(PROGRAMS / "bench_scroll", "peer") | told(PROGRAMS / "bench_scroll", "peer", "all-lines")),
     Case("memory", [
         Row("memory-row", "memory of a row, before its details", "library list", "", "alone", 1024, "B"),
         Row("memory-row-whole", "the same with details and three pictures' addresses", "library list", "", "alone",
