@@ -13,12 +13,22 @@ class HalvoraPlayer;
 /// A music server's answers of any length, and a player that waits for one.
 namespace Answers {
 
-/// The reply to request "0": a tracklist, or the tracks of one directory.
+/// The reply to request `id`, as text.
+QByteArray reply(const QJsonValue &result, int id);
+
+/// The reply to request 0: a tracklist, or the tracks of one directory.
 QByteArray tracklist(int entries);
 QByteArray directory(int rows);
 
 /// What a lookup of the last rows of directory(rows) gives.
 QJsonObject lookupOfLast(int looked, int rows);
+
+/// The addresses of pictures for the entries of tracklist(rows), or of directory(rows): three widths for each track.
+QJsonObject pictures(int rows);
+
+/// Whether the last entry of the player's queue is that of tracklist(entries): its key, name, album and artists. Reads
+/// that entry's details.
+bool endsTracklist(HalvoraPlayer *player, int entries);
 
 /// Through Qt's parser alone.
 double secondsOfParser(const QByteArray &text);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QFile>
 #include <QVector>
 
 #include <algorithm>
@@ -52,6 +53,21 @@ inline double peakMebibytes()
     rusage usage{};
     getrusage(RUSAGE_SELF, &usage);
     return double(usage.ru_maxrss) / 1024;
+}
+
+/// The memory that the process has now without what is mapped from files, in MiB. How much of those is mapped hangs on
+/// the pieces in which the system happens to keep them in its cache.
+inline double ownMebibytes()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    const QByteArray name = QByteArrayLiteral("RssAnon:");
+    if (status.open(QIODevice::ReadOnly)) {
+        for (QByteArray line = status.readLine(); !line.isEmpty(); line = status.readLine()) {
+            if (line.startsWith(name))
+                return line.mid(name.size()).simplified().split(' ').first().toDouble() / 1024;
+        }
+    }
+    qFatal("the kernel does not tell what memory is the process's own");
 }
 
 inline double median(QVector<double> values)

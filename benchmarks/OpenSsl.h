@@ -7,10 +7,17 @@
 
 #include <openssl/evp.h>
 
-/// The link's cipher by OpenSSL, with a new context for each message, as the peer of our own routine.
+/// The link's cipher by OpenSSL, with a new context for each message, as the peer of our own routine. The algorithm is
+/// looked up once for the process, as OpenSSL advises.
 namespace OpenSsl {
 
 enum Direction { Decipher = 0, Encipher = 1 };
+
+inline const EVP_CIPHER *algorithm()
+{
+    static EVP_CIPHER *const fetched = EVP_CIPHER_fetch(nullptr, "AES-128-CBC", nullptr);
+    return fetched;
+}
 
 /// AES-128-CBC; `padded` says whether the padding is added or taken away. Empty when OpenSSL refuses.
 inline QByteArray cbc(Direction direction, const QByteArray &data, const QByteArray &key,
@@ -21,10 +28,9 @@ inline QByteArray cbc(Direction direction, const QByteArray &data, const QByteAr
     auto *out = reinterpret_cast<unsigned char *>(result.data());
     int length = 0;
     int rest = 0;
-    const bool done = EVP_CipherInit_ex(context, EVP_aes_128_cbc(), nullptr,
-                                        reinterpret_cast<const unsigned char *>(key.constData()),
-                                        reinterpret_cast<const unsigned char *>(vector.constData()),
-                                        direction)
+    const bool done = EVP_CipherInit_ex2(
+                          context, algorithm(), reinterpret_cast<const unsigned char *>(key.constData()),
+                          reinterpret_cast<const unsigned char *>(vector.constData()), direction, nullptr)
         && EVP_CIPHER_CTX_set_padding(context, padded ? 1 : 0)
         && EVP_CipherUpdate(context, out, &length, reinterpret_cast<const unsigned char *>(data.constData()),
                             data.size())

@@ -14,8 +14,9 @@
 
 #include <malloc.h>
 
-// bench_memory ours: what a row of the library and an entry of the queue keep of the heap, in lists of
-// 20,000; the queue's both at queueChanged() and when the event loop has come to rest.
+// bench_memory ours: what a row of the library and an entry of the queue keep of the heap, in lists of 20,000. A row
+// as it is listed, and with the details and the addresses of pictures that it gets when it is scrolled into sight; an
+// entry at queueChanged(), at rest, and with the addresses of its pictures.
 
 namespace {
 
@@ -27,9 +28,17 @@ double heapBytes()
     return double(info.uordblks) + double(info.hblkhd);
 }
 
-double bytesOfRow()
+bool isWhole(PlayerItem *item)
+{
+    const auto *song = qobject_cast<Song *>(item);
+    return song && !song->album().isEmpty() && song->images->size() == 3;
+}
+
+void measureRow(const Measurement::Call &call)
 {
     const QJsonObject reply = QJsonDocument::fromJson(Answers::directory(entries)).object();
+    const QJsonObject details = Answers::lookupOfLast(entries, entries);
+    const QJsonObject pictures = Answers::pictures(entries);
     const QJsonValue answer = reply.value(QStringLiteral("result"));
     BrowseListView view;
     const double before = heapBytes();
@@ -39,10 +48,16 @@ double bytesOfRow()
     QQmlListProperty<PlayerItem> list = view.allSortedItems();
     if (list.count(&list) != entries)
         qFatal("rows are missing");
-    return (heapBytes() - before) / entries;
+    call.report("memory-row", (heapBytes() - before) / entries, "B");
+    view.updateItems(QStringLiteral("track"), details);
+    view.updateImages(QStringLiteral("track"), pictures);
+    if (!isWhole(list.at(&list, 0)) || !isWhole(list.at(&list, entries - 1)))
+        qFatal("details or pictures are missing");
+    call.report("memory-row-whole", (heapBytes() - before) / entries, "B");
 }
 
-void measureQueue(const Measurement::Call &call)
+// With or without the answer to the request for the pictures, which comes behind that for the tracklist.
+void measureQueue(const Measurement::Call &call, const QString &pictures)
 {
     const auto player = Answers::waitingPlayer();
     const QString text = QString::fromUtf8(Answers::tracklist(entries));
@@ -51,13 +66,21 @@ void measureQueue(const Measurement::Call &call)
     const double before = heapBytes();
     QObject::connect(player.get(), &HalvoraPlayer::queueChanged, [&] { atChange = heapBytes(); });
     player->socketMessageReceived(text);
+    player->socketMessageReceived(pictures);
     player->stopConnection(); // lest a retry come in between
     Answers::settle();
+    const double atRest = heapBytes();
     QQmlListProperty<Song> queue = player->queue();
-    if (queue.count(&queue) != entries || queue.at(&queue, entries - 1)->album().isEmpty())
+    if (!Answers::endsTracklist(player.get(), entries))
         qFatal("the queue has not arrived");
-    call.report("memory-entry", (heapBytes() - before) / entries, "B");
-    call.report("memory-entry-at-change", (atChange - before) / entries, "B");
+    if (pictures.isEmpty()) {
+        call.report("memory-entry", (atRest - before) / entries, "B");
+        call.report("memory-entry-at-change", (atChange - before) / entries, "B");
+    } else {
+        if (!isWhole(queue.at(&queue, 0)) || !isWhole(queue.at(&queue, entries - 1)))
+            qFatal("pictures are missing");
+        call.report("memory-entry-whole", (atRest - before) / entries, "B");
+    }
 }
 
 } // namespace
@@ -67,7 +90,8 @@ int main(int argc, char **argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     const Measurement::Call call(argc, argv);
-    call.report("memory-row", bytesOfRow(), "B");
-    measureQueue(call);
+    measureRow(call);
+    measureQueue(call, QString());
+    measureQueue(call, QString::fromUtf8(Answers::reply(Answers::pictures(entries), 1)));
     return 0;
 }

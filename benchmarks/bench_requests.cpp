@@ -95,6 +95,7 @@ int main(int argc, char **argv)
     call.report("requests-pipelined", callsPerSecond(&player, requests), "/s");
     call.report("requests-pipelined-processor", (Measurement::processSeconds() - between) * 1e3, "ms");
     call.report("requests-memory", Measurement::peakMebibytes(), "MiB");
+    call.report("requests-memory-own", Measurement::ownMebibytes(), "MiB");
     return 0;
 }
 

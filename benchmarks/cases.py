@@ -15,13 +15,14 @@ class Row:
     """One line of the table. `kind`: how the goal is meant.
 
     "most", "least": the ratio of ours to the peer's; "more": ours less the peer's; "alone": ours, without a peer.
+    Without a goal, a row is there to be read.
     """
     value: str
     title: str
     ours: str
     peer: str
     kind: str
-    goal: float
+    goal: Optional[float]
     unit: str
     theirs: Optional[str] = None  # the peer's value, where it has another name
 
@@ -51,18 +52,20 @@ def cipher(size):
 
 def queue(entries):
     def ours():
-        return told(PROGRAMS / "bench_queue", "ours", entries)
+        return told(PROGRAMS / "bench_queue", "ours", entries) | told(PROGRAMS / "bench_queue", "complete", entries)
 
     def peer():
         text = BUILD / f"queue-{entries}.json"
-        if not text.exists():
-            text.write_bytes(subprocess.check_output([PROGRAMS / "bench_queue", "text", str(entries)]))
+        with text.open("wb") as file:
+            subprocess.run([PROGRAMS / "bench_queue", "text", str(entries)], stdout=file, check=True)
         return told(PROGRAMS / "bench_queue", "peer", entries) | told("node", CLIENT, "queue", text)
 
     title = f"tracklist of {entries:,} to `queueChanged`"
     return Case("queue", [
         Row(f"queue-{entries}", title, "`HalvoraPlayer`", "`QJsonDocument::fromJson` alone", "most", 1.3, "ms"),
         Row(f"queue-{entries}-wall", title, "`HalvoraPlayer`", "npm `mopidy`, to its objects", "most", 1.0, "ms"),
+        Row(f"queue-{entries}-complete", f"tracklist of {entries:,} to its last album and artists", "`HalvoraPlayer`",
+            "npm `mopidy`, to its objects", "most", None, "ms", theirs=f"queue-{entries}-wall"),
     ], ours, peer)
 
 
@@ -91,8 +94,14 @@ def requests():
         row("requests-in-turn-processor", "one after another: processor", "most", 0.5, "ms"),
         row("requests-pipelined", "pipelined: calls a second", "least", 1.5, "/s"),
         row("requests-pipelined-processor", "pipelined: processor", "most", 0.5, "ms"),
-        row("requests-memory", "memory", "most", 0.5, "MiB"),
+        row("requests-memory", "memory at its peak", "most", 0.5, "MiB"),
+        row("requests-memory-own", "memory at the end, without files", "most", None, "MiB"),
     ], requests_ours, requests_peer)
+
+
+def stall(value, clock, goal):
+    return Row(value, f"longest stall of the GUI thread meanwhile: {clock}", "our provider", "plain `Image`", "alone",
+               goal, "ms")
 
 
 def covers(side):
@@ -112,17 +121,26 @@ CASES = [
     simple("lookup", "bench_lookup", Row("lookup", "lookup of 30 rows", "in 100,000", "in 1,000", "most", 1.5, "us")),
     Case("covers", [
         Row("covers", "200 covers over HTTP, cold, to shown", "our provider", "plain `Image`", "most", 1.05, "ms"),
-        Row("covers-stall", "longest stall of the GUI thread meanwhile", "our provider", "plain `Image`", "alone", 16,
-            "ms"),
+        stall("covers-stall", "less waiting for a core", 16),
+        stall("covers-stall-wall", "wall", None),
+        stall("covers-stall-processor", "processor alone", None),
     ], lambda: covers("ours"), lambda: covers("peer")),
     Case("start", [Row("start", "start to the first full frame, cold QML cache", "host, `--demo`",
                        "an empty window of the same modules", "more", 150, "ms")],
          lambda: started([HOST, "--demo"], True), lambda: started([PROGRAMS / "empty_window"], False)),
-    simple("scroll", "bench_scroll", Row("scroll", "scrolling 10,000 rows, a frame", "browse list",
-                                         "`ListView` of a text and an image", "most", 1.5, "ms")),
+    Case("scroll", [
+        Row("scroll", "scrolling 10,000 rows, a frame", "browse list", "`ListView` of a text and an image", "most", 1.5,
+            "ms"),
+        Row("scroll", "the same, against as many lines of text", "browse list",
+            "`ListView` of three lines and an image", "most", None, "ms", theirs="scroll-all-lines"),
+    ], lambda: told(PROGRAMS / "bench_scroll", "ours"),
+         lambda: told(PROGRAMS / "bench_scroll", "peer") | told(PROGRAMS / "bench_scroll", "peer", "all-lines")),
     Case("memory", [
-        Row("memory-row", "memory of a row", "library list", "", "alone", 1024, "B"),
-        Row("memory-entry", "memory of a queue entry", "at rest", "", "alone", 1024, "B"),
+        Row("memory-row", "memory of a row, before its details", "library list", "", "alone", 1024, "B"),
+        Row("memory-row-whole", "the same with details and three pictures' addresses", "library list", "", "alone",
+            None, "B"),
+        Row("memory-entry", "memory of a queue entry, without pictures", "at rest", "", "alone", 1024, "B"),
+        Row("memory-entry-whole", "the same with three pictures' addresses", "at rest", "", "alone", None, "B"),
     ], lambda: told(PROGRAMS / "bench_memory", "ours")),
     Case("idle", [
         Row("idle", "idle, 8 players playing, a minute: processor", "host", "", "alone", 0.5, "%"),
@@ -138,4 +156,5 @@ COUNTED = {
     "broad": ["bench_broad", "ours"],
     "queue-1000": ["bench_queue", "ours", "1000"],
     "queue-5000": ["bench_queue", "ours", "5000"],
+    "queue-20000": ["bench_queue", "ours", "20000"],
 }

@@ -9,6 +9,7 @@
 "use strict";
 
 const fs = require("fs");
+const { isDeepStrictEqual } = require("util");
 const Mopidy = require("mopidy");
 
 const REQUESTS = 2000;
@@ -32,6 +33,11 @@ function wallSeconds() {
 function processSeconds() {
     const usage = process.cpuUsage();
     return (usage.user + usage.system) / 1e6;
+}
+
+// The memory that this process has now without what is mapped from files.
+function ownMebibytes() {
+    return Number(/^RssAnon:\s*(\d+) kB$/m.exec(fs.readFileSync("/proc/self/status", "utf8"))[1]) / 1024;
 }
 
 function online(settings) {
@@ -66,6 +72,7 @@ async function requests(port) {
     await measureRequests("requests-in-turn", inTurn, mopidy);
     await measureRequests("requests-pipelined", pipelined, mopidy);
     report("requests-memory", process.resourceUsage().maxRSS / 1024, "MiB");
+    report("requests-memory-own", ownMebibytes(), "MiB");
     process.exit(0);
 }
 
@@ -96,27 +103,35 @@ async function describedClient(wire) {
     return mopidy;
 }
 
+// What our own side is asked for of the last entry, too.
+function described(entries) {
+    const { tlid, track } = entries[entries.length - 1];
+    return [tlid, track.uri, track.name, track.album.uri, track.album.name, track.artists.map((artist) => artist.name)];
+}
+
 // The text stands ready, with the id that the next request will have.
-async function queueTurn(mopidy, wire, text) {
+async function queueTurn(mopidy, wire, text, wanted) {
     const arrived = mopidy.tracklist.getTlTracks();
     const reply = text.replace('"id":"0"', `"id":${wire.sent.pop().id}`);
     const before = wallSeconds();
     wire.answer(reply);
     const entries = await arrived;
     const elapsed = wallSeconds() - before;
-    if (entries.length === 0 || entries[entries.length - 1].track.name === "") fail("the queue has not arrived");
-    return { elapsed, entries: entries.length };
+    if (entries.length !== wanted.length || !isDeepStrictEqual(described(entries), described(wanted)))
+        fail("the queue has not arrived");
+    return elapsed;
 }
 
 async function queue(file) {
     const text = fs.readFileSync(file, "utf8");
     const wire = new Wire();
     const mopidy = await describedClient(wire);
+    const wanted = JSON.parse(text).result;
     const times = [];
-    let { entries } = await queueTurn(mopidy, wire, text);
-    for (let i = 0; i < TURNS; ++i) times.push((await queueTurn(mopidy, wire, text)).elapsed);
+    await queueTurn(mopidy, wire, text, wanted); // only warms up
+    for (let i = 0; i < TURNS; ++i) times.push(await queueTurn(mopidy, wire, text, wanted));
     times.sort((a, b) => a - b);
-    report(`queue-${entries}-wall`, times[Math.floor(TURNS / 2)] * 1e3, "ms");
+    report(`queue-${wanted.length}-wall`, times[Math.floor(TURNS / 2)] * 1e3, "ms");
 }
 
 const works = { requests, queue };

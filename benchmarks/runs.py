@@ -15,6 +15,7 @@ from pathlib import Path
 LONGEST_RUN = 300  # seconds
 FRAME_RULES = "qt.scenegraph.time.renderloop=true"
 FRAME = b"Frame rendered"
+LINK_ENDS = 2  # of the connection between the client and a device in its own process
 PAUSE = 0.2  # seconds without a frame, behind which the window is complete
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -86,13 +87,30 @@ def frames_until(process, done):
     return frames
 
 
+def connections(process):
+    """How many ends of established TCP connections a process holds."""
+    established = set()
+    for text in Path(f"/proc/{process.pid}/net/tcp").read_text().splitlines()[1:]:
+        fields = text.split()
+        if fields[3] == "01":
+            established.add(f"socket:[{fields[9]}]")
+    held = 0
+    for name in Path(f"/proc/{process.pid}/fd").iterdir():
+        with contextlib.suppress(OSError):  # closed meanwhile
+            held += os.readlink(name) in established
+    return held
+
+
 def started(command, follows):
-    """Milliseconds to the last frame ahead of the first pause, with a cold QML cache. `follows`: whether frames come
-    behind it: those of the players, which are there only when the device's state has been shown."""
+    """Milliseconds to the last frame ahead of the first pause, with a cold QML cache. `follows`: whether this is the
+    client at a device within the same process. Then a pause counts only when music servers have been called, which
+    takes the device's state, lest one on the connecting page pass for the full frame; and frames come behind it: those
+    of the players, which are there only when that state has been shown."""
     def rests(frames, now):
         if now - begin > 20:
-            raise Failure("The window has not come to rest.")
-        return bool(frames) and now - frames[-1] > PAUSE
+            raise Failure("The window has not come to rest with all that belongs into it.")
+        paused = bool(frames) and now - frames[-1] > PAUSE
+        return paused and (not follows or connections(process) > LINK_ENDS)
 
     def goes_on(frames, now):
         if now - begin > 20:
@@ -128,7 +146,8 @@ def idle(length=60, settling=8):
         command = [HOST, "--device", f"127.0.0.1:{port}", "--user", "benchmark"]
         with watched(command, home) as process:
             begin = time.monotonic()
-            frames_until(process, lambda frames, now: now - begin > settling)
+            if not frames_until(process, lambda frames, now: now - begin > settling):
+                raise Failure("The host has not told one frame while it settled, so that none at rest says nothing.")
             ask(house)
             before, begin = processor_seconds(process), time.monotonic()
             frames = frames_until(process, lambda frames, now: now - begin > length)

@@ -3,7 +3,8 @@
 
 import QtQuick 2.0
 
-// The peer of the client's list: each row has one text and one picture.
+// The peer of the client's list: each row has one text and one picture, and the text is drawn as the client's is. With
+// `allLines` the text has the three lines that the client shows.
 ListView {
     model: holder.allSortedItems
     cacheBuffer: 1500
@@ -24,10 +25,12 @@ ListView {
         Text {
             x: 85
             y: 10
-            text: modelData.name
+            text: allLines ? modelData.name + "\n" + modelData.album + "\n" + modelData.artistsString : modelData.name
             color: "white"
             font.family: "Arial Unicode MS"
             font.pixelSize: 17
+            textFormat: Text.PlainText
+            renderType: Text.NativeRendering
         }
     }
 }

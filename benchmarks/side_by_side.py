@@ -6,6 +6,7 @@
 
 import argparse
 import datetime
+import operator
 import os
 import platform
 import statistics
@@ -18,6 +19,7 @@ from cases import CASES
 from runs import Failure
 
 PAGE = Path(__file__).resolve().parent.parent / "docs" / "performance.md"
+FEWEST_RUNS = 9  # of each side, for figures that count
 MARKS = ("<!-- The table, written by ./bench --write -->", "<!-- The end of the table -->")
 
 
@@ -55,32 +57,46 @@ def shown(value, unit):
 
 
 def compared(row, ours, peer):
-    """The compared numbers of all turns, and how they read."""
+    """The numbers of all turns that are compared with the goal."""
     if row.kind == "alone":
-        return ours, f"{shown(statistics.median(ours), row.unit)} ± {spread(ours):.2f}"
-    if row.kind == "more":
-        numbers = [a - b for a, b in zip(ours, peer)]
-        return numbers, f"{statistics.median(numbers):+.0f} ± {spread(numbers):.0f} {row.unit}"
-    numbers = [a / b for a, b in zip(ours, peer)]
-    return numbers, f"{statistics.median(numbers):.2f} ± {spread(numbers):.2f}"
+        return ours
+    compare = operator.sub if row.kind == "more" else operator.truediv
+    return [compare(a, b) for a, b in zip(ours, peer)]
+
+
+def read(row, numbers):
+    """How they read: with a digit more where they are near the goal, lest rounding meets it."""
+    middle = statistics.median(numbers)
+    near = row.goal and abs(middle - row.goal) <= 0.02 * row.goal
+    digits = (0 if row.kind == "more" else 2) + (1 if near else 0)
+    sign = "+" if row.kind == "more" else ""
+    unit = row.unit if row.kind in ("more", "alone") else ""
+    return f"{middle:{sign},.{digits}f} ± {spread(numbers):.{digits}f} {unit}".strip()
 
 
 def goal_of(row):
+    if row.goal is None:
+        return "-"
     number = f"{row.goal:g}"
     return {"most": f"at most {number}", "least": f"at least {number}", "more": f"at most +{number} {row.unit}",
             "alone": f"at most {number} {row.unit}".strip()}[row.kind]
 
 
+def is_met(row, number):
+    if row.goal is None:
+        return None
+    return number >= row.goal if row.kind == "least" else number <= row.goal
+
+
 def line(row, runs):
-    """The cells of one row, and whether its goal is met."""
+    """The cells of one row, and whether its goal is met; None without a goal."""
     ours = runs[("ours", row.value)]
-    peer = runs.get(("peer", row.value), [])
-    numbers, text = compared(row, ours, peer)
-    middle = statistics.median(numbers)
-    met = middle >= row.goal if row.kind == "least" else middle <= row.goal
+    peer = runs.get(("peer", row.theirs or row.value), [])
+    numbers = compared(row, ours, peer)
+    met = is_met(row, statistics.median(numbers))
     theirs = f"{row.peer}: {shown(statistics.median(peer), row.unit)}" if peer else row.peer or "-"
-    return [row.title, f"{row.ours}: {shown(statistics.median(ours), row.unit)}", theirs, text, goal_of(row),
-            "met" if met else "NOT MET"], met
+    return [row.title, f"{row.ours}: {shown(statistics.median(ours), row.unit)}", theirs, read(row, numbers),
+            goal_of(row), {None: "-", True: "met", False: "NOT MET"}[met]], met
 
 
 def table(cases, runs):
@@ -90,12 +106,24 @@ def table(cases, runs):
     widths = [max(len(row[column]) for row in cells) for column in range(6)]
     lines = ["| " + " | ".join(cell.ljust(width) for cell, width in zip(row, widths)) + " |" for row in cells]
     lines.insert(1, "| " + " | ".join("-" * width for width in widths) + " |")
-    return lines, all(met for _, met in rows)
+    return lines, all(met is not False for _, met in rows)
 
 
 def first_line(*command):
-    done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, check=False)
+    """What a program says first; empty where there is no such program, or where it fails."""
+    try:
+        done = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True, check=True)
+    except (subprocess.SubprocessError, OSError):
+        return ""
     return done.stdout.splitlines()[0] if done.stdout else ""
+
+
+def system():
+    """The system's name as it calls itself."""
+    try:
+        return platform.freedesktop_os_release()["PRETTY_NAME"]
+    except (KeyError, OSError):
+        return platform.platform()
 
 
 def processor():
@@ -109,22 +137,24 @@ def machine(count):
     """What the numbers were measured on."""
     memory = os.sysconf("SC_PAGE_SIZE") * os.sysconf("SC_PHYS_PAGES") / 2**30
     return (f"{datetime.date.today().isoformat()}, {count} runs of each side: {processor()}, {os.cpu_count()} cores, "
-            f"{memory:.0f} GiB, no graphics card; {first_line('lsb_release', '-ds') or platform.platform()}, "
-            f"Linux {platform.release()}, Qt {first_line('qmake', '-query', 'QT_VERSION') or '5.15'}, "
-            f"{first_line('openssl', 'version')}, Node.js {first_line('node', '--version')}.")
+            f"{memory:.0f} GiB, no graphics card; {system()}, "
+            f"Linux {platform.release()}, Qt {first_line('qmake', '-query', 'QT_VERSION') or 'unknown'}, "
+            f"{first_line('openssl', 'version') or 'OpenSSL unknown'}, "
+            f"Node.js {first_line('node', '--version') or 'unknown'}.")
 
 
-def write(lines, count):
+def write(lines, about):
     before, _, rest = PAGE.read_text().partition(MARKS[0])
     _, _, after = rest.partition(MARKS[1])
-    PAGE.write_text("\n".join([before + MARKS[0], "", machine(count), "", *lines, "", MARKS[1] + after]))
+    PAGE.write_text("\n".join([before + MARKS[0], "", about, "", *lines, "", MARKS[1] + after]))
 
 
 def arguments():
     names = sorted({case.name for case in CASES})
     parser = argparse.ArgumentParser(prog="bench", description="Measures the client against its peers.")
     parser.add_argument("cases", nargs="*", metavar="CASE", help=f"only these: {', '.join(names)}")
-    parser.add_argument("--runs", type=int, default=9, help="runs of each side; 9 or more for figures that count")
+    parser.add_argument("--runs", type=int, default=FEWEST_RUNS,
+                        help=f"runs of each side; {FEWEST_RUNS} or more for figures that count")
     parser.add_argument("--write", action="store_true", help="write the table into docs/performance.md")
     parser.add_argument("--check", action="store_true", help="count instructions, and fail when one count has grown")
     parser.add_argument("--record", action="store_true", help="record the counts of instructions")
@@ -136,6 +166,8 @@ def arguments():
         parser.error("--runs needs a number from 1 on.")
     if options.write and options.cases:
         parser.error("--write needs all cases.")
+    if options.write and options.runs < FEWEST_RUNS:
+        parser.error(f"--write needs {FEWEST_RUNS} runs or more.")
     return options
 
 
@@ -147,11 +179,12 @@ def main():
     if options.check:
         return 0 if instructions.check() else 1
     cases = [case for case in CASES if not options.cases or case.name in options.cases]
+    about = machine(options.runs)  # ahead of the runs, which take long
     runs = measure(cases, options.runs)
     lines, met = table(cases, runs)
-    print("\n".join([machine(options.runs), ""] + lines))
+    print("\n".join([about, ""] + lines))
     if options.write:
-        write(lines, options.runs)
+        write(lines, about)
     return 0 if met else 1
 
 
