@@ -6,8 +6,6 @@
 // By name, as the host meets the client's classes at run time alone.
 void LinkNews::setLink(QObject *link)
 {
-    if (m_link == link)
-        return;
     if (m_link)
         m_link->disconnect(this);
     m_link = link;

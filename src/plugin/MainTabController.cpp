@@ -46,7 +46,6 @@ MainTabController::MainTabController(QQuickItem *parent) : QQuickItem(parent)
 // The screens go while their engine is there, and the models after the screens that show them.
 MainTabController::~MainTabController()
 {
-    m_link.blockSignals(true); // QML would keep its last words for good, as nobody is left to hear them
     didEnterBackground();
     for (Halvora *halvora : qAsConst(m_halvoras))
         halvora->stopAllPlayers();

@@ -71,6 +71,7 @@ SlidingPanel {
                 horizontalAlignment: Text.AlignRight
                 wrapMode: Text.WordWrap
                 elide: Text.ElideRight
+                renderType: Text.QtRendering
                 rotation: 45
                 transformOrigin: Item.BottomRight
             }

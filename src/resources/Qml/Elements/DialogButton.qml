@@ -21,6 +21,7 @@ Item {
         anchors { fill: parent; leftMargin: 5; rightMargin: 5 }
         color: "blue"
         font.pixelSize: 20
+        renderType: Text.QtRendering
         horizontalAlignment: Text.AlignHCenter
         verticalAlignment: Text.AlignVCenter
     }

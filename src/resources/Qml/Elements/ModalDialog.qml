@@ -60,6 +60,7 @@ Item {
             width: parent.width - 30
             color: "black"
             font { pixelSize: 20; bold: true }
+            renderType: Text.QtRendering
             horizontalAlignment: Text.AlignHCenter
         }
 
@@ -69,6 +70,7 @@ Item {
             anchors { top: title.bottom; topMargin: 15; left: title.left; right: title.right }
             color: "black"
             font.pixelSize: 20
+            renderType: Text.QtRendering
             horizontalAlignment: Text.AlignHCenter
         }
 

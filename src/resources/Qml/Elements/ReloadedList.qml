@@ -5,8 +5,8 @@ import QtQuick 2.0
 import QtQml.Models 2.2
 
 // A list that gets new rows over and over and costs no more for it: a queue is polled for months. A ListView that makes
-// its model itself is connected to it once more by Qt 5.15 with all that it is to show, and keeps every connection. Here
-// the rows have a model of their own, which goes with them.
+// its model itself is connected to it once more by Qt 5.15 with all that it is to show, and keeps every connection. So
+// the rows have a model of their own here, which goes with them.
 ListView {
     id: root
 
