@@ -75,6 +75,12 @@ void HostilePeer::Connection::sendMuch(const QByteArray &piece, qint64 bytes)
         send(piece.left(int(qMin<qint64>(piece.size(), bytes - sent))));
 }
 
+void HostilePeer::Connection::waitForWord()
+{
+    while (isOpen() && m_socket->readAll().isEmpty())
+        m_socket->waitForReadyRead(pause);
+}
+
 void HostilePeer::Connection::waitForTheEnd()
 {
     while (isOpen()) {
@@ -97,17 +103,20 @@ bool HostilePeer::Connection::becomeWebSocket()
     return isOpen();
 }
 
-void HostilePeer::Connection::sendText(const QByteArray &text)
+void HostilePeer::Connection::announce(quint64 bytes, char kind)
 {
-    send("\x81" + QByteArray(1, char(text.size())) + text);
+    char longLength[8];
+    qToBigEndian<quint64>(bytes, longLength);
+    const QByteArray length(longLength, sizeof longLength);
+    // The shortest form that holds it is the only one allowed.
+    send(kind + (bytes < 126 ? length.right(1) : bytes < 65536 ? '\x7e' + length.right(2) : '\x7f' + length));
 }
 
-void HostilePeer::Connection::sendLongText(const QByteArray &head, const QByteArray &piece, qint64 bytes,
-                                           const QByteArray &tail)
+void HostilePeer::Connection::sendText(const QByteArray &head, const QByteArray &piece, qint64 bytes,
+                                       const QByteArray &tail)
 {
-    char length[8];
-    qToBigEndian<quint64>(quint64(head.size() + bytes + tail.size()), length);
-    send("\x81\x7f" + QByteArray(length, sizeof length) + head); // the last frame of a text, of a long length
+    announce(quint64(head.size() + bytes + tail.size()));
+    send(head);
     sendMuch(piece, bytes);
     send(tail);
 }
