@@ -247,8 +247,7 @@ void HostileTest::musicServer_data()
     // The sixth request of the first poll asks for the queue.
     const QByteArray queue = R"({"jsonrpc":"2.0","id":"5","result":[)";
     const QByteArray text = R"({"event":")";
-    const qint64 most = 24 * mebibyte;
-    const qint64 rest = most - text.size() - 2;
+    const qint64 rest = 24 * mebibyte - text.size() - 2;
     taken("the longest text"_s, filled(text, "x", rest, "\"}"));
     refused("a byte more"_s, filled(text, "x", rest + 1, "\"}"));
     refused("100 MB in frames"_s, [](Connection &peer) {
@@ -261,7 +260,6 @@ void HostileTest::musicServer_data()
     });
     taken("23 MB of objects"_s, filled(queue + "0", R"(,{"uri":"a"})", 23 * mebibyte, "]}"));
     taken("23 MB of empty lists"_s, filled(queue + "0", ",[]", 23 * mebibyte, "]}"));
-    taken("a million elements"_s, filled(queue + "0", ",1", 2000000, "]}"));
     // Qt's parser goes down to 1024 levels, and takes nothing of what is deeper.
     for (const int levels : {500, 5000, 1000000}) {
         const QByteArray entry = queue + R"({"tlid":1,"track":{"uri":"a","x":)";
@@ -294,7 +292,7 @@ void HostileTest::musicServer()
         if (!connection.becomeWebSocket())
             return;
         if (number == 0) {
-            connection.waitForWord(); // its first poll
+            connection.readUntil("\x81"); // of its first poll
             attack(connection);
         }
         if (!connection.isOpen())

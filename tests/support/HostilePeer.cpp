@@ -75,12 +75,6 @@ void HostilePeer::Connection::sendMuch(const QByteArray &piece, qint64 bytes)
         send(piece.left(int(qMin<qint64>(piece.size(), bytes - sent))));
 }
 
-void HostilePeer::Connection::waitForWord()
-{
-    while (isOpen() && m_socket->readAll().isEmpty())
-        m_socket->waitForReadyRead(pause);
-}
-
 void HostilePeer::Connection::waitForTheEnd()
 {
     while (isOpen()) {
@@ -105,11 +99,10 @@ bool HostilePeer::Connection::becomeWebSocket()
 
 void HostilePeer::Connection::announce(quint64 bytes, char kind)
 {
-    char longLength[8];
-    qToBigEndian<quint64>(bytes, longLength);
-    const QByteArray length(longLength, sizeof longLength);
+    QByteArray length(8, '\0');
+    qToBigEndian(bytes, length.data());
     // The shortest form that holds it is the only one allowed.
-    send(kind + (bytes < 126 ? length.right(1) : bytes < 65536 ? '\x7e' + length.right(2) : '\x7f' + length));
+    send(kind + (bytes < 126 ? length.right(1) : bytes < 65536 ? '~' + length.right(2) : '\x7f' + length));
 }
 
 void HostilePeer::Connection::sendText(const QByteArray &head, const QByteArray &piece, qint64 bytes,

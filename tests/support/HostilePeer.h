@@ -45,7 +45,6 @@ public:
     QByteArray readUntil(const QByteArray &end);
     void send(const QByteArray &bytes);                   ///< waits until they are on their way
     void sendMuch(const QByteArray &piece, qint64 bytes); ///< the piece again and again
-    void waitForWord();                                   ///< until the other side has sent more
     void waitForTheEnd();                                 ///< until the other side closes
 
     bool becomeWebSocket();
