@@ -11,9 +11,11 @@
 #include "link/HalvoraConnThread.h"
 #include "player/HalvoraPlayer.h"
 #include "player/PlayerTiming.h"
+#include "player/Reclaimer.h"
 #include "simulator/HugePng.h"
 
 #include <QBuffer>
+#include <QQmlEngine>
 #include <QQuickItem>
 
 #include <limits>
@@ -35,9 +37,8 @@ constexpr bool isSanitized = false;
 constexpr qint64 mebibyte = 1024 * 1024;
 constexpr qint64 hundred = 100 * mebibyte;
 constexpr qint64 flood = isSanitized ? hundred / 10 : hundred;
-constexpr double margin = isSanitized
-    ? std::numeric_limits<double>::infinity()
-    : 24; // MiB: what the libraries' own caches and the allocator may keep
+constexpr double margin = isSanitized ? std::numeric_limits<double>::infinity()
+                                      : 24; // MiB: what the libraries' own caches and the allocator may keep
 
 const QByteArray frameEnd = FrameCodec::deviceTerminator;
 
@@ -146,13 +147,17 @@ private Q_SLOTS:
     void musicServer();
     void pictures_data();
     void pictures();
+
+private:
+    QQmlEngine m_engine; // with none, what lists have dropped is kept
 };
 
 // Large blocks go back to the system at once; else each arena would keep some, and tell nothing of what the client holds.
 void HostileTest::initTestCase()
 {
     mallopt(M_MMAP_THRESHOLD, int(mebibyte / 4));
-    PlayerTiming::current() = {3600000, 20, 20};
+    PlayerTiming::current() = {10, 20, 20};
+    Reclaimer::begin(&m_engine);
 }
 
 void HostileTest::device_data()
@@ -224,45 +229,76 @@ void HostileTest::device()
 void HostileTest::musicServer_data()
 {
     QTest::addColumn<Attack>("attack");
-    const auto row = [](const char *name, const Attack &attack) { QTest::newRow(name) << attack; };
+    QTest::addColumn<int>("state");   // that a word brings behind it: on the same connection, or on the next
+    QTest::addColumn<int>("entries"); // of the queue
+    const auto taken = [](const QString &name, const Attack &attack, int entries = 0) {
+        QTest::newRow(qPrintable(name)) << attack << int(HalvoraPlayer::Paused) << entries;
+    };
+    const auto refused = [](const QString &name, const Attack &attack) {
+        QTest::newRow(qPrintable(name)) << attack << int(HalvoraPlayer::Playing) << 0;
+    };
     const auto filled = [](const QByteArray &head, const QByteArray &piece, qint64 bytes,
                            const QByteArray &tail) {
         return [=](Connection &peer) {
-            peer.sendLongText(head, piece.repeated(int(65536 / piece.size())),
-                              bytes / piece.size() * piece.size(), tail);
+            peer.sendText(head, piece.repeated(int(65536 / piece.size())),
+                          bytes / piece.size() * piece.size(), tail);
         };
     };
-    row("100 MB of text", filled("{\"event\":\"", "x", hundred, "\"}"));
-    row("23 MB of objects", filled(R"({"event":"x","a":[0)", R"(,{"uri":"a"})", 23 * mebibyte, "]}"));
-    row("23 MB of empty lists", filled(R"({"event":"x","a":[0)", ",[]", 23 * mebibyte, "]}"));
-    row("100 MB of objects", filled(R"({"event":"x","a":[0)", R"(,{"uri":"a"})", hundred, "]}"));
-    row("100 MB of no JSON", filled("", "x", hundred, ""));
-    row("a message that never ends",
-        [](Connection &peer) { peer.sendLongText("{", QByteArray(65536, 'x'), hundred, {}); });
-    row("a million elements", filled(R"({"event":"x","a":[0)", ",1", 2000000, "]}"));
-    row("deep lists", filled(R"({"event":"x","a":)", "[", 10 * mebibyte, ""));
-    row("deep objects", filled(R"({"event":"x","a":)", R"({"a":)", 10 * mebibyte, ""));
-    row("a million messages", [](Connection &peer) {
+    // The sixth request of the first poll asks for the queue.
+    const QByteArray queue = R"({"jsonrpc":"2.0","id":"5","result":[)";
+    const QByteArray text = R"({"event":")";
+    const qint64 rest = 24 * mebibyte - text.size() - 2;
+    taken("the longest text"_s, filled(text, "x", rest, "\"}"));
+    refused("a byte more"_s, filled(text, "x", rest + 1, "\"}"));
+    refused("100 MB in frames"_s, [](Connection &peer) {
+        const QByteArray frame(65536, 'x');
+        for (qint64 sent = 0; sent < hundred; sent += frame.size()) {
+            peer.announce(65536, sent == 0 ? '\1' : '\0'); // of a text, and more of it follows
+            peer.send(frame);
+        }
+        peer.announce(0, '\x80'); // the end of it, for those who have taken all
+    });
+    taken("23 MB of objects"_s, filled(queue + "0", R"(,{"uri":"a"})", 23 * mebibyte, "]}"));
+    taken("23 MB of empty lists"_s, filled(queue + "0", ",[]", 23 * mebibyte, "]}"));
+    // Qt's parser goes down to 1024 levels, and takes nothing of what is deeper.
+    for (const int levels : {500, 5000, 1000000}) {
+        const QByteArray entry = queue + R"({"tlid":1,"track":{"uri":"a","x":)";
+        const auto deep = [=](const QByteArray &open, const QByteArray &close) {
+            return [=](Connection &peer) {
+                peer.sendText(entry + open.repeated(levels) + "0" + close.repeated(levels) + "}}]}");
+            };
+        };
+        taken("%1 lists"_s.arg(levels), deep("[", "]"), levels < 1000);
+        taken("%1 objects"_s.arg(levels), deep(R"({"a":)", "}"), levels < 1000);
+    }
+    taken("a million messages"_s, [](Connection &peer) {
         for (int i = 0; i < 1000 && peer.isOpen(); ++i)
             peer.send(QByteArray("\x81\x02{}", 4).repeated(1000));
     });
-    row("a queue of 100,000",
-        filled(R"({"id":"0","result":[{})", R"(,{"tlid":1,"track":{"uri":"a","name":"b"}})", 43 * 100000,
-               "]}"));
+    constexpr int entries = 100000;
+    QByteArray tracks;
+    for (int i = 0; i < entries; ++i)
+        tracks += R"({"tlid":)" + QByteArray::number(i) + R"(,"track":{"uri":"a","name":"b"}},)";
+    taken("a queue of 100,000"_s, filled(queue + tracks, " ", 0, R"({}]})"), entries);
 }
 
 void HostileTest::musicServer()
 {
     QFETCH(Attack, attack);
+    QFETCH(int, state);
+    QFETCH(int, entries);
     Watch watch;
     auto peer = std::make_unique<HostilePeer>([attack](Connection &connection, int number) {
         if (!connection.becomeWebSocket())
             return;
-        if (number == 0)
+        if (number == 0) {
+            connection.readUntil("\x81"); // of its first poll
             attack(connection);
+        }
         if (!connection.isOpen())
             return;
-        connection.sendText(R"({"event":"playback_state_changed","new_state":"playing"})");
+        const QByteArray word = number == 0 ? "paused" : "playing";
+        connection.sendText(R"({"event":"playback_state_changed","new_state":")" + word + "\"}");
         connection.waitForTheEnd();
     });
     {
@@ -270,11 +306,15 @@ void HostileTest::musicServer()
         player.setIpAddress("127.0.0.1"_s);
         player.setPort(QString::number(peer->port()));
         player.startConnection();
-        QTRY_COMPARE_WITH_TIMEOUT(player.playPause(), 2, 30000);
+        QTRY_COMPARE_WITH_TIMEOUT(player.playPause(), state, 30000);
+        QCOMPARE(player.queueTlid().size(), entries);
         player.stopConnection();
         QTRY_VERIFY(peer->served() > 0);
     }
     peer.reset();
+    const QPointer<QObject> last = new QObject; // dropped lists are freed one behind the other
+    Reclaimer::drop(last);
+    QTRY_VERIFY_WITH_TIMEOUT(!last, 30000);
     QVERIFY(watch.kept() < margin);
 }
 

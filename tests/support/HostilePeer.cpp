@@ -97,17 +97,19 @@ bool HostilePeer::Connection::becomeWebSocket()
     return isOpen();
 }
 
-void HostilePeer::Connection::sendText(const QByteArray &text)
+void HostilePeer::Connection::announce(quint64 bytes, char kind)
 {
-    send("\x81" + QByteArray(1, char(text.size())) + text);
+    QByteArray length(8, '\0');
+    qToBigEndian(bytes, length.data());
+    // The shortest form that holds it is the only one allowed.
+    send(kind + (bytes < 126 ? length.right(1) : bytes < 65536 ? '~' + length.right(2) : '\x7f' + length));
 }
 
-void HostilePeer::Connection::sendLongText(const QByteArray &head, const QByteArray &piece, qint64 bytes,
-                                           const QByteArray &tail)
+void HostilePeer::Connection::sendText(const QByteArray &head, const QByteArray &piece, qint64 bytes,
+                                       const QByteArray &tail)
 {
-    char length[8];
-    qToBigEndian<quint64>(quint64(head.size() + bytes + tail.size()), length);
-    send("\x81\x7f" + QByteArray(length, sizeof length) + head); // the last frame of a text, of a long length
+    announce(quint64(head.size() + bytes + tail.size()));
+    send(head);
     sendMuch(piece, bytes);
     send(tail);
 }

@@ -48,9 +48,11 @@ public:
     void waitForTheEnd();                                 ///< until the other side closes
 
     bool becomeWebSocket();
-    void sendText(const QByteArray &text); ///< as one WebSocket message, of less than 126 bytes
-    /// The same for one of more than 65,535: `head`, so many bytes of the piece, and `tail`.
-    void sendLongText(const QByteArray &head, const QByteArray &piece, qint64 bytes, const QByteArray &tail);
+    /// The head of a WebSocket frame of so many bytes: by default of the only one of a text.
+    void announce(quint64 bytes, char kind = '\x81');
+    void sendText(const QByteArray &text) { sendText(text, {}, 0, {}); } ///< as one WebSocket message
+    /// The same of `head`, so many bytes of the piece, and `tail`.
+    void sendText(const QByteArray &head, const QByteArray &piece, qint64 bytes, const QByteArray &tail);
 
 private:
     QTcpSocket *m_socket;

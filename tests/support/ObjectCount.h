@@ -9,7 +9,8 @@ namespace ObjectCount {
 
 int alive();
 
-/// Number of timers that run for objects of this thread, of those that were made since the counting began.
+/// Number of timers that run for objects of this thread, of those that were made since the counting began. Those of other
+/// threads, the link's among them, are not counted.
 int timers();
 
 /// Number of threads of this process.

@@ -23,6 +23,8 @@ public:
     virtual bool noticesSilence() const = 0;
     /// Whether the client has tried again in vain since it was connected. Asked again and again, as it may itself ask.
     virtual bool hasGivenUp() = 0;
+    /// Of one that does not notice silence: a figure that stays as it is while it sends nothing but whole polls.
+    virtual int sentBesidePolls() { return 0; }
 
     virtual void start() = 0;
     virtual void stop() = 0;

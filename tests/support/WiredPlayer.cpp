@@ -70,6 +70,13 @@ bool WiredPlayer::hasGivenUp()
     return m_attempts >= 2;
 }
 
+// Requests are numbered, what asks for the number among them.
+int WiredPlayer::sentBesidePolls()
+{
+    constexpr int requestsOfAPoll = 7;
+    return (m_player.actionPlayIndex(nullptr, "") - m_asked++) % requestsOfAPoll;
+}
+
 void WiredPlayer::command(int number)
 {
     m_player.actionPlayAdd({m_server->catalogue().track(number).uri}, -1, false);

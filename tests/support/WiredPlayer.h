@@ -23,6 +23,7 @@ public:
     int middleOfTheDump() const override { return 700; } // the answer to the handshake has less than 200
     bool noticesSilence() const override { return false; }
     bool hasGivenUp() override;
+    int sentBesidePolls() override;
     void start() override { m_player.startConnection(); }
     void stop() override { m_player.stopConnection(); }
     void command(int number) override;
@@ -44,5 +45,6 @@ private:
     HalvoraPlayer m_player;
     int m_lastId = -1;
     int m_attempts = 0;
+    int m_asked = 0;
     quint32 m_seed = 0;
 };
