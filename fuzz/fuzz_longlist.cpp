@@ -1,17 +1,19 @@
 // SPDX-FileCopyrightText: The Halvora client authors
 // SPDX-License-Identifier: Apache-2.0
 
-// The list of a long reply, read from its text. What the reader does not leave to Qt's parser it has to read alike.
+// A long reply, and the list of one, read from its text. What the reader does not leave to Qt's parser it has to read alike.
 
 #include "navigation/LibraryRows.h"
 #include "navigation/SectionItems.h"
 #include "player/HalvoraPlayer.h"
+#include "player/LongReply.h"
 #include "support/FuzzRun.h"
 #include "support/Listed.h"
 #include "support/Require.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QJsonObject>
 
 namespace {
 
@@ -62,6 +64,22 @@ void tryRows(const JsonText &text, const QJsonDocument &document)
     }
 }
 
+// The input as a whole reply, made long enough.
+void tryReply(const QString &input)
+{
+    const QString message = input + QString(LongReply::leastLength, QLatin1Char(' '));
+    const auto reply = LongReply::of(message);
+    HalvoraPlayer ours;
+    if (!reply || !ours.updateQueue(reply->result))
+        return;
+    const QJsonObject object = QJsonDocument::fromJson(message.toUtf8()).object();
+    REQUIRE(object.contains(QLatin1String("result")) && !object.contains(QLatin1String("event")));
+    REQUIRE(object.value(QLatin1String("id")).toString().toInt() == reply->id);
+    HalvoraPlayer qts;
+    qts.updateQueue(object.value(QLatin1String("result")));
+    REQUIRE(ours.queueTlid() == qts.queueTlid());
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
@@ -72,5 +90,6 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const JsonText text{list, 0, list.size()};
     tryQueue(text, document);
     tryRows(text, document);
+    tryReply(list);
     return 0;
 }
