@@ -14,7 +14,9 @@
 
 namespace {
 
-char meeting; // only its address counts
+// Only their addresses count.
+char posted;
+char ended;
 
 // The function of that mangled name in the library behind this program.
 template<typename Function>
@@ -25,14 +27,24 @@ Function *behind(const char *name)
 
 } // namespace
 
-void QtOrder::arrive()
+void QtOrder::post()
 {
-    __tsan_acquire(&meeting);
+    __tsan_release(&posted);
 }
 
-void QtOrder::leave()
+void QtOrder::take()
 {
-    __tsan_release(&meeting);
+    __tsan_acquire(&posted);
+}
+
+void QtOrder::end()
+{
+    __tsan_release(&ended);
+}
+
+void QtOrder::await()
+{
+    __tsan_acquire(&ended);
 }
 
 #pragma GCC visibility push(default)
@@ -42,7 +54,7 @@ void QMetaObject::activate(QObject *sender, const QMetaObject *meta, int signal,
 {
     using Activate = void(QObject *, const QMetaObject *, int, void **);
     static auto *const activate = behind<Activate>("_ZN11QMetaObject8activateEP7QObjectPKS_iPPv");
-    QtOrder::leave();
+    QtOrder::post();
     activate(sender, meta, signal, arguments);
 }
 
@@ -51,7 +63,7 @@ void QArrayData::deallocate(QArrayData *data, size_t objectSize, size_t alignmen
 {
     using Deallocate = void(QArrayData *, size_t, size_t);
     static auto *const deallocate = behind<Deallocate>("_ZN10QArrayData10deallocateEPS_mm");
-    QtOrder::arrive();
+    QtOrder::await();
     deallocate(data, objectSize, alignment);
 }
 
@@ -59,9 +71,9 @@ bool QThread::wait(QDeadlineTimer deadline)
 {
     using Wait = bool(QThread *, QDeadlineTimer);
     static auto *const wait = behind<Wait>("_ZN7QThread4waitE14QDeadlineTimer");
-    const bool ended = wait(this, deadline);
-    QtOrder::arrive();
-    return ended;
+    const bool isOver = wait(this, deadline);
+    QtOrder::await();
+    return isOver;
 }
 
 // A call of a function in an object's thread, which may wait for its end.
@@ -71,9 +83,10 @@ bool QMetaObject::invokeMethodImpl(QObject *object, QtPrivate::QSlotObjectBase *
     using Invoke = bool(QObject *, QtPrivate::QSlotObjectBase *, Qt::ConnectionType, void *);
     static auto *const invoke = behind<Invoke>(
         "_ZN11QMetaObject16invokeMethodImplEP7QObjectPN9QtPrivate15QSlotObjectBaseEN2Qt14ConnectionTypeEPv");
-    QtOrder::leave();
+    QtOrder::post();
     const bool invoked = invoke(object, slot, type, result);
-    QtOrder::arrive();
+    if (type == Qt::BlockingQueuedConnection)
+        QtOrder::await();
     return invoked;
 }
 
