@@ -3,8 +3,8 @@
 
 import QtQuick 2.0
 
-// The peer of the client's list: each row has one text and one picture, and the text is drawn as the client's is. With
-// `allLines` the text has the three lines that the client shows.
+// The peer of the client's list: each row has one text and one picture, as Qt draws them unless told otherwise. With
+// `drawnAlike` the text is drawn as the client's is, with `allLines` it has the three lines that the client shows.
 ListView {
     model: holder.allSortedItems
     cacheBuffer: 1500
@@ -30,7 +30,7 @@ ListView {
             font.family: "Arial Unicode MS"
             font.pixelSize: 17
             textFormat: Text.PlainText
-            renderType: Text.NativeRendering
+            renderType: drawnAlike ? Text.NativeRendering : Text.QtRendering
         }
     }
 }

@@ -7,7 +7,7 @@
 #include <QQmlEngine>
 
 #ifdef __GLIBC__
-#    include <malloc.h>
+#include <malloc.h>
 #endif
 
 namespace {

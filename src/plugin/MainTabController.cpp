@@ -86,8 +86,8 @@ void MainTabController::publishTheme()
         return;
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
     if (document.isObject()) {
-        qmlEngine(this)->rootContext()->setContextProperty(
-            QStringLiteral("currentTheme"), new Theme(document.object(), qmlEngine(this)));
+        qmlEngine(this)->rootContext()->setContextProperty(QStringLiteral("currentTheme"),
+                                                           new Theme(document.object(), qmlEngine(this)));
     }
 }
 
