@@ -12,9 +12,10 @@
  * value for the stack of one function, on any thread.
  *
  * It knows plain messages alone, those that servers write, and fails on everything else: on what is no JSON,
- * and also on keys with escapes, control characters, byte order marks, halves of surrogate pairs, numbers with exponents or of
- * more than 18 digits, and nests of more than 32 levels. What it does not fail on, Qt's parser reads alike;
- * what it fails on is Qt's to judge. A reader that has failed stays so, and every call then gives false.
+ * and also on keys with escapes, control characters, byte order marks, halves of surrogate pairs, numbers with
+ * exponents or of more than 18 digits, and nests of more than 32 levels. What it does not fail on, Qt's parser
+ * reads alike; what it fails on is Qt's to judge. A reader that has failed stays so, and every call then gives
+ * false.
  */
 class JsonReader final
 {
