@@ -219,11 +219,14 @@ void TestImages::failedDownloadCanBeTriedAgain()
 {
     for (const Spoil spoil : {Spoil([](ArtworkFaults &faults) { faults.notFound = true; }),
                               Spoil([](ArtworkFaults &faults) { faults.truncatedBody = true; }),
-                              Spoil([](ArtworkFaults &faults) { faults.lengthLie = 1000; })}) {
+                              Spoil([](ArtworkFaults &faults) { faults.lengthLie = 1000; }),
+                              Spoil([](ArtworkFaults &faults) { faults.delayMs = 3600000; })}) {
         Gallery gallery;
         spoil(gallery.server.faults());
+        downloader()->setPatience(100);
         downloader()->requestImage(gallery.url, &gallery.cell);
         QVERIFY(gallery.fetched(1));
+        downloader()->setPatience(ImageDownloader::usualPatience);
         gallery.server.faults() = {};
         // The failure is silent; once it is through, a request goes out again.
         QVERIFY(Waiting::comes([&] {

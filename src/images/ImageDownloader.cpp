@@ -92,8 +92,17 @@ void ImageDownloader::requestImage(const QString &uri, QQuickItem *item)
 
 void ImageDownloader::startDownload(const QString &uri)
 {
-    if (m_manager)
-        BodyBound::set(m_manager->get(QNetworkRequest(QUrl(uri))), PictureDecoder::maxBytes);
+    if (!m_manager)
+        return;
+    QNetworkRequest request{QUrl(uri)};
+    request.setTransferTimeout(m_patience);
+    BodyBound::set(m_manager->get(request), PictureDecoder::maxBytes);
+}
+
+void ImageDownloader::setPatience(int milliseconds)
+{
+    QMetaObject::invokeMethod(
+        this, [this, milliseconds] { m_patience = milliseconds; }, Qt::QueuedConnection);
 }
 
 void ImageDownloader::discardImage(const QString &uri, QQuickItem *item)

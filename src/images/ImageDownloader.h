@@ -25,7 +25,7 @@ class QQuickItem;
  * is called under it. Items that wait are not owned; one that dies is simply not told.
  *
  * There is one request a URL at a time, and one item registered with it: the first that asked. A failed download
- * leaves no trace, so that the next request tries again; a body that is no picture, or over PictureDecoder's
+ * leaves no trace, so that the next request tries again; one on which nothing moves has failed in the end. A body that is no picture, or over PictureDecoder's
  * bounds, is kept as a null picture and not fetched again while it is kept.
  */
 class ImageDownloader final : public QThread
@@ -34,6 +34,7 @@ class ImageDownloader final : public QThread
 
 public:
     static constexpr int cacheEntries = 50; ///< pictures kept, first in, first out
+    static constexpr int usualPatience = 60000; ///< milliseconds
 
     static ImageDownloader *instance();
     ~ImageDownloader() override;
@@ -49,6 +50,9 @@ public:
     void discardImage(const QString &uri, QQuickItem *item);
     /// Keeps a picture and lets the oldest go.
     void addToCache(const QString &uri, const QImage &image);
+    /// For how many milliseconds a server may send nothing of a picture that is asked for from now on, its wait for a
+    /// free connection included; usualPatience unless told otherwise, 0 for ever. Any thread.
+    void setPatience(int milliseconds);
 
 Q_SIGNALS:
     void imageDownloaded(QString uri); ///< declared only; items are told directly
@@ -67,6 +71,7 @@ private:
 
     static ImageDownloader *s_instance;
 
+    int m_patience = usualPatience;             // milliseconds; this thread's
     QNetworkAccessManager *m_manager = nullptr; // lives in run(), used in this thread only
     mutable QMutex m_mutex;                     // for the three tables below
     QStringList m_cacheOrder;                   // newest first; a key may stand in it twice
