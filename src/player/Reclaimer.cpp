@@ -90,6 +90,7 @@ void Reclaimer::freeSome()
     }
     if (!m_dropped.isEmpty())
         return;
+    m_dropped.clear(); // with the room of its longest time
     m_idle.stop();
     if (m_gone < worthwhile)
         return;
