@@ -49,13 +49,16 @@ void tryQueue(const JsonText &text, const QJsonDocument &document)
     requireAlike(listed(ours.queue()), listed(qts.queue()));
 }
 
-void tryRows(const JsonText &text, const QJsonDocument &document)
+using FromText = std::optional<LibraryRows> (*)(const JsonText &);
+using FromValue = LibraryRows (*)(const QJsonValue &);
+
+void tryRows(FromText fromText, FromValue fromValue, const JsonText &text, const QJsonDocument &document)
 {
-    const auto ours = LibraryRows::fromDirectory(text);
+    const auto ours = fromText(text);
     if (!ours)
         return;
     REQUIRE(document.isArray());
-    const LibraryRows qts = LibraryRows::fromDirectory(document.array());
+    const LibraryRows qts = fromValue(document.array());
     REQUIRE(ours->types == qts.types);
     for (const QString &type : qts.types) {
         requireAlike(ours->sections.value(type)->items, qts.sections.value(type)->items);
@@ -89,7 +92,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const QJsonDocument document = QJsonDocument::fromJson(list.toUtf8());
     const JsonText text{list, 0, list.size()};
     tryQueue(text, document);
-    tryRows(text, document);
+    tryRows(LibraryRows::fromDirectory, LibraryRows::fromDirectory, text, document);
+    tryRows(LibraryRows::fromPlaylist, LibraryRows::fromPlaylist, text, document);
     tryReply(list);
     return 0;
 }
