@@ -10,6 +10,7 @@
 #include "navigation/RowReach.h"
 #include "player/Album.h"
 #include "player/ListProperty.h"
+#include "player/PictureTables.h"
 #include "player/TrackParser.h"
 
 #include <QCborArray>
@@ -53,13 +54,13 @@ QString rowUri(const QString &type, const QCborMap &entry)
     return {};
 }
 
-void applyLookup(const SectionItems &section, const QString &type, const QCborMap &entry)
+void applyLookup(const SectionItems &section, const QString &type, const QCborMap &entry, SongDetails *before)
 {
     PlayerItem *item = section.itemOf(rowUri(type, entry));
     if (auto *album = qobject_cast<Album *>(item))
         TrackParser::fill(album, entry);
     else if (auto *song = qobject_cast<Song *>(item))
-        TrackParser::fill(song, entry);
+        TrackParser::fill(song, entry, before);
 }
 
 } // namespace
@@ -225,10 +226,11 @@ void BrowseListView::updateItems(const QString &type, const QJsonValue &value)
     if (!section || !value.isObject())
         return;
     const QCborMap tracksByUri = QCborMap::fromJsonObject(value.toObject());
+    SongDetails before;
     for (const auto &tracks : tracksByUri) {
         const QCborArray entries = tracks.second.toArray();
         if (!entries.isEmpty())
-            applyLookup(*section, type, entries.first().toMap());
+            applyLookup(*section, type, entries.first().toMap(), &before);
     }
     Q_EMIT needRefresh();
 }
@@ -240,11 +242,12 @@ void BrowseListView::updateImages(const QString &type, const QJsonValue &value)
         return;
     QList<PlayerItem *> noImages;
     const QJsonObject picturesByUri = value.toObject();
+    PictureTables tables;
     for (auto it = picturesByUri.begin(); it != picturesByUri.end(); ++it) {
         PlayerItem *item = section->itemOf(it.key());
         const QJsonArray pictures = it.value().toArray();
         if (item && !pictures.isEmpty())
-            TrackParser::setImages(item, pictures);
+            tables.set(item, pictures);
         else if (item && canFallBack(item))
             noImages.append(item);
     }

@@ -7,7 +7,9 @@
 #include "navigation/Dialog.h"
 #include "navigation/QmlItem.h"
 #include "navigation/RowReach.h"
-#include "player/TrackParser.h"
+#include "player/PictureTables.h"
+
+#include <QJsonObject>
 
 void PlaylistNavController::setCurrHalvora(Halvora *currHalvora)
 {
@@ -114,13 +116,14 @@ void PlaylistNavController::playlistImagesReceived(QJsonValue v)
     if (!v.isObject())
         return;
     const QJsonObject picturesByUri = v.toObject();
+    PictureTables tables;
     for (auto it = picturesByUri.begin(); it != picturesByUri.end(); ++it) {
         PlayerItem *playlist = player()
             ? player()->playlistItems().value(player()->playlistPosition(it.key()))
             : nullptr;
         const QJsonArray pictures = it.value().toArray();
         if (playlist && !pictures.isEmpty())
-            TrackParser::setImages(playlist, pictures);
+            tables.set(playlist, pictures);
     }
     if (rootView())
         QMetaObject::invokeMethod(rootView(), "refreshItems");

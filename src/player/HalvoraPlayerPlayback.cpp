@@ -3,6 +3,7 @@
 
 #include "player/HalvoraPlayer.h"
 
+#include "player/PictureTables.h"
 #include "player/Reclaimer.h"
 #include "player/TrackParser.h"
 
@@ -123,8 +124,7 @@ void HalvoraPlayer::updateTrackImages(QJsonValue v)
     const QJsonArray pictures = picturesByUri.constBegin().value().toArray();
     if (pictures.isEmpty())
         return;
-    m_currentSong->images->clear();
-    TrackParser::addImages(m_currentSong, pictures);
+    PictureTables().set(m_currentSong, pictures);
     Q_EMIT currentSongImageChanged();
 }
 

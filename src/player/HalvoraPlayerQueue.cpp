@@ -4,9 +4,12 @@
 #include "player/HalvoraPlayer.h"
 
 #include "player/JsonReader.h"
+#include "player/PictureTables.h"
 #include "player/Reclaimer.h"
 #include "player/SocketHandler.h"
-#include "player/TrackParser.h"
+
+#include <QJsonArray>
+#include <QJsonObject>
 
 #include <limits>
 
@@ -117,8 +120,11 @@ void HalvoraPlayer::completeSomeSongs()
 {
     constexpr int atOnce = 200;
     auto song = m_queueMap.lowerBound(m_nextToComplete);
-    for (int count = 0; count < atOnce && song != m_queueMap.end(); ++count, ++song)
-        song.value()->complete();
+    const Song *before = nullptr;
+    for (int count = 0; count < atOnce && song != m_queueMap.end(); ++count, ++song) {
+        song.value()->shareDetails(before ? *before : *song.value());
+        before = song.value();
+    }
     if (song == m_queueMap.end())
         return;
     m_nextToComplete = song.key();
@@ -128,8 +134,9 @@ void HalvoraPlayer::completeSomeSongs()
 void HalvoraPlayer::updateQueueImages(QJsonValue v)
 {
     const QJsonObject picturesByUri = v.toObject();
+    PictureTables tables;
     for (Song *song : qAsConst(m_queueMap))
-        TrackParser::addImages(song, picturesByUri.value(song->uri()).toArray());
+        tables.add(song, picturesByUri.value(song->uri()).toArray());
 }
 
 void HalvoraPlayer::actionPlayTrack(int tlid)

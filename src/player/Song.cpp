@@ -9,6 +9,26 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+namespace {
+
+template<typename Value>
+void shareEqual(Value *ours, const Value &other)
+{
+    if (*ours == other)
+        *ours = other;
+}
+
+} // namespace
+
+void SongDetails::share(const SongDetails &other)
+{
+    shareEqual(&albumUri, other.albumUri);
+    shareEqual(&album, other.album);
+    shareEqual(&artistsUri, other.artistsUri);
+    shareEqual(&artists, other.artists);
+    shareEqual(&artistsString, other.artistsString);
+}
+
 Song::Song(QObject *parent) : PlayerItem(parent) { }
 
 Song::Song(const QCborMap &track)
@@ -53,6 +73,12 @@ void Song::setDetails(const SongDetails &details)
     setArtistsUri(details.artistsUri);
     setArtists(details.artists);
     setArtistsString(details.artistsString);
+}
+
+void Song::shareDetails(const Song &other)
+{
+    complete();
+    m_details.share(other.details());
 }
 
 void Song::setDuration(int duration)

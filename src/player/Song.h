@@ -19,6 +19,9 @@ struct SongDetails
     QStringList artistsUri;
     QStringList artists;
     QString artistsString;
+
+    /// Shares what is equal in `other`: songs of one album mostly come one behind the other.
+    void share(const SongDetails &other);
 };
 
 /**
@@ -50,6 +53,8 @@ public:
     /// Album and artists at once, as the five properties below.
     const SongDetails &details() const;
     void setDetails(const SongDetails &details);
+    /// Shares what is equal in those of `other`. Both are complete() then.
+    void shareDetails(const Song &other);
 
     /// Length in whole seconds, 0 when unknown.
     int duration() const { return m_duration; }

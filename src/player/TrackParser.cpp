@@ -96,11 +96,13 @@ SongDetails TrackParser::detailsOf(const QString &uri, const QCborMap &track)
     return song;
 }
 
-void TrackParser::fill(Song *song, const QCborMap &track)
+void TrackParser::fill(Song *song, const QCborMap &track, SongDetails *before)
 {
     const Scheme &scheme = schemeOf(song->uri());
     SongDetails details = song->details();
     scheme.fill(&details, track, albumOf(track));
+    details.share(*before);
+    *before = details;
     song->setDuration(wholeSeconds(track.value(QLatin1String("duration")).toJsonValue()));
     song->setDetails(details);
     if (scheme.renames)
@@ -113,21 +115,6 @@ void TrackParser::fill(Album *album, const QCborMap &entry)
     album->setArtistsUri(artists.uris);
     album->setArtists(artists.names);
     album->setArtistsString(artists.names.join(QLatin1String(", ")));
-}
-
-void TrackParser::setImages(PlayerItem *item, const QJsonArray &pictures)
-{
-    item->images->clear();
-    addImages(item, pictures);
-}
-
-void TrackParser::addImages(PlayerItem *item, const QJsonArray &pictures)
-{
-    for (const QJsonValue &value : pictures) {
-        const QJsonObject picture = value.toObject();
-        item->images->insert(picture.value(QLatin1String("width")).toInt(),
-                             picture.value(QLatin1String("uri")).toString());
-    }
 }
 
 int TrackParser::wholeSeconds(const QJsonValue &milliseconds)

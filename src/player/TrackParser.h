@@ -7,7 +7,7 @@
 #include "player/Song.h"
 
 #include <QCborMap>
-#include <QJsonArray>
+#include <QJsonValue>
 
 /// The music server's objects read into library items. Plain functions; they live wherever the items do.
 ///
@@ -20,15 +20,11 @@ namespace TrackParser {
 SongDetails detailsOf(const QString &uri, const QCborMap &track);
 
 /// Completes a row of a list from a track object, by the scheme of the song's own uri; what that scheme does not know
-/// stays as it was. A radio stream's name is taken over as well.
-void fill(Song *song, const QCborMap &track);
+/// stays as it was. A radio stream's name is taken over as well. What is equal in `before`, the details of the song that
+/// was filled last, is shared; `before` then has those of this one.
+void fill(Song *song, const QCborMap &track, SongDetails *before);
 /// Takes the artists of a track or album object.
 void fill(Album *album, const QCborMap &entry);
-
-/// Adds a list of pictures ("width", 0 when absent, and "uri") to the item's table.
-void addImages(PlayerItem *item, const QJsonArray &pictures);
-/// The same in place of what the table holds.
-void setImages(PlayerItem *item, const QJsonArray &pictures);
 
 /// A JSON number of milliseconds as whole seconds, rounded up; 0 for anything that is no whole number.
 int wholeSeconds(const QJsonValue &milliseconds);
