@@ -31,7 +31,7 @@ HostScene::~HostScene() = default;
 
 bool HostScene::show(bool smallScreen, const QSize &size, WindowPlace::Memory place)
 {
-    m_error = missingModules(&m_engine);
+    m_error = missingModules(m_engine);
     if (!m_error.isEmpty())
         return false;
     m_engine.rootContext()->setContextProperty(QStringLiteral("smallScreen"), smallScreen);

@@ -4,9 +4,11 @@
 #include "QmlModules.h"
 
 #include <QCoreApplication>
-#include <QQmlComponent>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QQmlEngine>
 #include <QStringList>
-#include <QUrl>
 
 namespace {
 
@@ -26,20 +28,45 @@ constexpr Module modules[] = {
     {"QtGraphicalEffects 1.0", "qml-module-qtgraphicaleffects"},
 };
 
-bool canImport(QQmlEngine *engine, const Module &module)
+// Of the folders that an import path may have it in, Qt takes the one with a version first: QtQuick/Window.2, then
+// QtQuick/Window, for QtQuick.Window 2.2.
+QString findDescription(const QQmlEngine &engine, const QString &import)
 {
-    QQmlComponent component(engine);
-    component.setData(QByteArray("import QtQml 2.0\nimport ") + module.import + "\nQtObject {}", QUrl());
-    return component.isReady();
+    const QString folder = import.section(QLatin1Char(' '), 0, 0).replace(QLatin1Char('.'), QLatin1Char('/'));
+    const QString major = import.section(QLatin1Char(' '), 1).section(QLatin1Char('.'), 0, 0);
+    const QStringList paths = engine.importPathList();
+    for (const QString &name : {folder + QLatin1Char('.') + major, folder}) {
+        for (const QString &path : paths) {
+            const QString file = path + QLatin1Char('/') + name + QStringLiteral("/qmldir");
+            if (QFile::exists(file))
+                return file;
+        }
+    }
+    return {};
+}
+
+bool isThere(const QQmlEngine &engine, const Module &module)
+{
+    QFile description(findDescription(engine, QLatin1String(module.import)));
+    if (description.fileName().isEmpty() || !description.open(QIODevice::ReadOnly))
+        return false;
+    const QDir folder = QFileInfo(description).dir();
+    while (!description.atEnd()) {
+        const QList<QByteArray> words = description.readLine().simplified().split(' ');
+        if (words.first() == "plugin"
+            && !folder.exists(QStringLiteral("lib%1.so").arg(QString::fromUtf8(words.value(1)))))
+            return false;
+    }
+    return true;
 }
 
 } // namespace
 
-QString missingModules(QQmlEngine *engine)
+QString missingModules(const QQmlEngine &engine)
 {
     QStringList missing;
     for (const Module &module : modules) {
-        if (!canImport(engine, module)) {
+        if (!isThere(engine, module)) {
             missing += QCoreApplication::translate("QmlModules", "%1 (Debian package %2)")
                            .arg(QLatin1String(module.import), QLatin1String(module.package));
         }

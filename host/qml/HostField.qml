@@ -61,6 +61,7 @@ Item {
             selectionColor: HostTheme.highlight
             font { family: HostTheme.font; pixelSize: 18 }
             verticalAlignment: TextInput.AlignVCenter
+            renderType: Text.NativeRendering
             clip: true
             selectByMouse: true
             maximumLength: 200

@@ -10,4 +10,5 @@ Text {
     font { family: HostTheme.font; pixelSize: 16 }
     textFormat: Text.PlainText
     wrapMode: Text.Wrap
+    renderType: Text.NativeRendering
 }

@@ -13,13 +13,14 @@ FocusScope {
     default property alias content: column.data
 
     function keepInSight(item) {
-        if (!visible || !item)
+        if (!visible || !item || flick.height <= 0)
             return;
+        var lowest = Math.max(0, flick.contentHeight - flick.height); // 0 for a page that has not been laid out yet
         var top = item.mapToItem(flick.contentItem, 0, 0).y;
         if (top < flick.contentY + 20)
             flick.contentY = Math.max(0, top - 30);
         else if (top + item.height > flick.contentY + flick.height)
-            flick.contentY = Math.min(flick.contentHeight - flick.height, top + item.height + 20 - flick.height);
+            flick.contentY = Math.min(lowest, top + item.height + 20 - flick.height);
     }
 
     anchors.fill: parent

@@ -26,8 +26,8 @@ Window {
     function follow() {
         asking = host.deviceHost === "" || host.trying;
         remake();
-        if (!host.trying)
-            start.begin();
+        if (start.item && !host.trying)
+            start.item.begin();
     }
 
     function openSettings() {
@@ -40,7 +40,11 @@ Window {
             client.forceActiveFocus();
     }
 
-    onActiveFocusItemChanged: (setting ? settings : start).keepInSight(activeFocusItem)
+    onActiveFocusItemChanged: {
+        var page = (setting ? settings : start).item;
+        if (page)
+            page.keepInSight(activeFocusItem);
+    }
 
     width: 450
     height: 710
@@ -61,7 +65,8 @@ Window {
     Connections {
         target: window.preferences
         function onLanguageChanged() {
-            start.forgetComplaint();
+            if (start.item)
+                start.item.forgetComplaint();
             window.remake();
         }
     }
@@ -87,23 +92,27 @@ Window {
         }
     }
 
-    StartPage {
+    LazyPage {
         id: start
 
-        host: window.host
         visible: window.asking && !window.setting
-        connection: client.item ? client.item.connection : ""
-        onSettingsRequested: window.openSettings()
+        sourceComponent: StartPage {
+            host: window.host
+            connection: client.item ? client.item.connection : ""
+            onSettingsRequested: window.openSettings()
+        }
     }
 
-    SettingsPage {
+    LazyPage {
         id: settings
 
-        host: window.host
-        preferences: window.preferences
         visible: window.setting
-        connection: client.item ? client.item.connection : ""
-        onLeft: window.closeSettings()
+        sourceComponent: SettingsPage {
+            host: window.host
+            preferences: window.preferences
+            connection: client.item ? client.item.connection : ""
+            onLeft: window.closeSettings()
+        }
     }
 
     Shortcut {
@@ -115,6 +124,6 @@ Window {
     Shortcut {
         sequence: "Escape"
         context: Qt.ApplicationShortcut
-        onActivated: window.setting ? settings.goBack() : window.host.closePopup(client.item)
+        onActivated: window.setting ? settings.item.goBack() : window.host.closePopup(client.item)
     }
 }

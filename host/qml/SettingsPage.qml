@@ -48,6 +48,7 @@ HostPage {
     }
 
     onVisibleChanged: if (visible) leaveForm()
+    Component.onCompleted: leaveForm()
 
     title: qsTr("Settings")
 

@@ -229,6 +229,12 @@ void HostPagesTest::openSettings() const
     QVERIFY(button);
     QTest::mouseClick(window(), Qt::LeftButton, {}, button->mapToScene({40, 30}).toPoint());
     QVERIFY(said("Settings"));
+    // A page that has just been made is laid out by levels, one ahead of each frame: column, column, row.
+    for (int frame = 0; frame < 5; ++frame) {
+        QSignalSpy drawn(window(), &QQuickWindow::frameSwapped);
+        window()->update();
+        QVERIFY(drawn.wait(patience));
+    }
 }
 
 /// The player screen of the first output, when its song is there.
