@@ -45,14 +45,18 @@ RingedDisc {
         visible: false
     }
 
-    GaussianBlur {
+    // The first blur of a process asks a graphics context of its own what it can do: not while the client starts.
+    Loader {
         anchors.fill: parent
         z: -1
-        source: backdrop
-        radius: 10
-        samples: 16
-        opacity: 0.3
-        cached: true
+        active: backdrop.source.toString() !== ""
+        sourceComponent: GaussianBlur {
+            source: backdrop
+            radius: 10
+            samples: 16
+            opacity: 0.3
+            cached: true
+        }
     }
 
     Canvas {
