@@ -60,16 +60,18 @@ QJsonObject Answers::lookupOfLast(int looked, int rows)
     return answer;
 }
 
-QJsonObject Answers::pictures(int rows)
+QJsonObject Answers::pictures(int rows, Covers covers)
 {
     const QString address = QStringLiteral("http://127.0.0.1:6680/local/%1-%2.jpg");
     const Catalogue catalogue(1, rows);
     QJsonObject answer;
     for (int i = 0; i < rows; ++i) {
         QJsonArray widths;
+        const CatalogueTrack track = catalogue.track(i);
+        const quint32 cover = covers == Covers::OfAlbums ? track.coverSeed : quint32(i);
         for (const int width : {64, 300, 640})
-            widths.append(MopidyModels::image(address.arg(i, 8, 16, QLatin1Char('0')).arg(width), width));
-        answer.insert(catalogue.track(i).uri, widths);
+            widths.append(MopidyModels::image(address.arg(cover, 8, 16, QLatin1Char('0')).arg(width), width));
+        answer.insert(track.uri, widths);
     }
     return answer;
 }

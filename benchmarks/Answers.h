@@ -23,8 +23,11 @@ QByteArray directory(int rows);
 /// What a lookup of the last rows of directory(rows) gives.
 QJsonObject lookupOfLast(int looked, int rows);
 
+/// Whose pictures a track has.
+enum class Covers { OfAlbums, OfTracks };
+
 /// The addresses of pictures for the entries of tracklist(rows), or of directory(rows): three widths for each track.
-QJsonObject pictures(int rows);
+QJsonObject pictures(int rows, Covers covers);
 
 /// Whether the last entry of the player's queue is that of tracklist(entries): its key, name, album and artists. Reads
 /// that entry's details.

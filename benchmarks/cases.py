@@ -140,10 +140,12 @@ CASES = [
          | told(PROGRAMS / "bench_scroll", "peer", "all-lines")),
     Case("memory", [
         Row("memory-row", "memory of a row, before its details", "library list", "", "alone", 1024, "B"),
-        Row("memory-row-whole", "the same with details and three pictures' addresses", "library list", "", "alone",
-            None, "B"),
+        Row("memory-row-whole", "the same with details and its album's three pictures", "library list", "", "alone",
+            1024, "B"),
+        Row("memory-row-own", "the same with three pictures of its own", "library list", "", "alone", None, "B"),
         Row("memory-entry", "memory of a queue entry, without pictures", "at rest", "", "alone", 1024, "B"),
-        Row("memory-entry-whole", "the same with three pictures' addresses", "at rest", "", "alone", None, "B"),
+        Row("memory-entry-whole", "the same with its album's three pictures", "at rest", "", "alone", 1024, "B"),
+        Row("memory-entry-own", "the same with three pictures of its own", "at rest", "", "alone", None, "B"),
     ], lambda: told(PROGRAMS / "bench_memory", "ours")),
     Case("idle", [
         Row("idle", "idle, 8 players playing, a minute: processor", "host", "", "alone", 0.5, "%"),
