@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QPluginLoader>
 #include <QQmlEngine>
 #include <QStringList>
 
@@ -45,6 +46,13 @@ QString findDescription(const QQmlEngine &engine, const QString &import)
     return {};
 }
 
+// Its description is read from the file; what it needs itself comes with its package.
+bool isPlugin(const QDir &folder, const QByteArray &name)
+{
+    const QPluginLoader plugin(folder.filePath(QStringLiteral("lib%1.so").arg(QString::fromUtf8(name))));
+    return !plugin.metaData().isEmpty();
+}
+
 bool isThere(const QQmlEngine &engine, const Module &module)
 {
     QFile description(findDescription(engine, QLatin1String(module.import)));
@@ -53,8 +61,7 @@ bool isThere(const QQmlEngine &engine, const Module &module)
     const QDir folder = QFileInfo(description).dir();
     while (!description.atEnd()) {
         const QList<QByteArray> words = description.readLine().simplified().split(' ');
-        if (words.first() == "plugin"
-            && !folder.exists(QStringLiteral("lib%1.so").arg(QString::fromUtf8(words.value(1)))))
+        if (words.first() == "plugin" && !isPlugin(folder, words.value(1)))
             return false;
     }
     return true;

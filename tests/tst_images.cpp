@@ -100,6 +100,13 @@ struct Gallery
     Cell cell;
 };
 
+// For one test.
+struct Patience
+{
+    explicit Patience(int milliseconds) { downloader()->setPatience(milliseconds); }
+    ~Patience() { downloader()->setPatience(ImageDownloader::usualPatience); }
+};
+
 } // namespace
 
 class TestImages final : public Suite
@@ -118,6 +125,8 @@ private Q_SLOTS:
     // What goes wrong
 
     void failedDownloadCanBeTriedAgain();
+    void silentServerIsGivenUp();
+    void slowServerIsNot();
     void noPictureIsKeptAsNone();
     void discarding();
     void itemThatDiesIsNotTold();
@@ -219,14 +228,11 @@ void TestImages::failedDownloadCanBeTriedAgain()
 {
     for (const Spoil spoil : {Spoil([](ArtworkFaults &faults) { faults.notFound = true; }),
                               Spoil([](ArtworkFaults &faults) { faults.truncatedBody = true; }),
-                              Spoil([](ArtworkFaults &faults) { faults.lengthLie = 1000; }),
-                              Spoil([](ArtworkFaults &faults) { faults.delayMs = 3600000; })}) {
+                              Spoil([](ArtworkFaults &faults) { faults.lengthLie = 1000; })}) {
         Gallery gallery;
         spoil(gallery.server.faults());
-        downloader()->setPatience(100);
         downloader()->requestImage(gallery.url, &gallery.cell);
         QVERIFY(gallery.fetched(1));
-        downloader()->setPatience(ImageDownloader::usualPatience);
         gallery.server.faults() = {};
         // The failure is silent; once it is through, a request goes out again.
         QVERIFY(Waiting::comes([&] {
@@ -236,6 +242,38 @@ void TestImages::failedDownloadCanBeTriedAgain()
         QTRY_VERIFY(!gallery.cell.told.isEmpty());
         QCOMPARE(gallery.cell.told, QStringList{gallery.url}); // once, and not for the failure
     }
+}
+
+void TestImages::silentServerIsGivenUp()
+{
+    Gallery gallery;
+    gallery.server.faults().delayMs = 3600000;
+    downloader()->requestImage(gallery.url, &gallery.cell);
+    QVERIFY(gallery.fetched(1));
+    gallery.server.faults() = {};
+    const Patience patience(1000);
+    QVERIFY(Waiting::comes([&] {
+        if (gallery.cell.told.isEmpty())
+            downloader()->requestImage(gallery.url, &gallery.cell);
+        return !gallery.cell.told.isEmpty();
+    }));
+    QCOMPARE(gallery.server.requestCount("/a.png"_s), 2);
+}
+
+// Seven pictures, one more than there are connections, each of which takes longer than anybody waits for nothing.
+void TestImages::slowServerIsNot()
+{
+    const Patience patience(1000);
+    Gallery gallery;
+    QStringList paths;
+    for (int i = 0; i < 7; ++i) {
+        paths << "/%1.png"_s.arg(i);
+        gallery.server.setFile(paths.last(), "image/png", png(200, 100).leftJustified(1500, ' '));
+    }
+    gallery.server.faults().slowBytesPerTick = 10;
+    for (const QString &path : qAsConst(paths))
+        downloader()->requestImage(gallery.server.url(path), &gallery.cell);
+    QTRY_COMPARE_WITH_TIMEOUT(gallery.cell.told.size(), 7, 30000);
 }
 
 void TestImages::noPictureIsKeptAsNone()

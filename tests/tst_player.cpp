@@ -350,8 +350,17 @@ void TestPlayer::queueIsInOrderOfItsIds()
         {"tlid":5,"track":{"uri":"e"}},{"track":{"uri":"z"}},{"track":{"uri":"y"}},3])"_s));
     QCOMPARE(studio.player.queueTlid(), (QList<int>{0, 3, 5, 7}));
     QCOMPARE(listed(studio.player.queue()).first()->uri(), "y"_s);
-    studio.player.updateQueueImages(json(R"({"c":[{"uri":"p","width":64}],"e":[],"g":7})"_s));
-    QCOMPARE(listed(studio.player.queue()).at(1)->smallImgPath(), "p"_s);
+    const auto pictures = [&] {
+        QStringList paths;
+        for (const Song *song : listed(studio.player.queue()))
+            paths << song->smallImgPath();
+        return paths;
+    };
+    const QString same = R"([{"uri":"p","width":64}])"_s;
+    studio.player.updateQueueImages(json(R"({"y":[],"c":%1,"e":%1,"g":7})"_s.arg(same)));
+    QCOMPARE(pictures(), (QStringList{{}, "p"_s, "p"_s, {}}));
+    studio.player.updateQueueImages(json(R"({"e":[{"uri":"q","width":9}]})"_s));
+    QCOMPARE(pictures(), (QStringList{{}, "p"_s, "q"_s, {}})); // its neighbour keeps its own
     QCOMPARE(changes.size(), 1);
     for (const int row : {1, 4, -1}) // two of them are not there
         studio.player.actionRemoveTrackFromQueue(row);

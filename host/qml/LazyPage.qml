@@ -3,8 +3,7 @@
 
 import QtQuick 2.5
 
-// A page that most starts of the host do not need: it is made when it comes on show, or when the start is over, and
-// stays then.
+// A page that a start of the host need not wait for: it is made when it comes on show, or a little later, and stays then.
 Loader {
     id: root
 

@@ -26,7 +26,7 @@ Window {
     function follow() {
         asking = host.deviceHost === "" || host.trying;
         remake();
-        if (start.item && !host.trying)
+        if (start.item && !host.trying) // else it begins when it is made
             start.item.begin();
     }
 

@@ -48,7 +48,7 @@ HostPage {
     }
 
     onVisibleChanged: if (visible) leaveForm()
-    Component.onCompleted: leaveForm()
+    Component.onCompleted: if (visible) leaveForm()
 
     title: qsTr("Settings")
 

@@ -30,6 +30,7 @@ HostPage {
     }
 
     onVisibleChanged: if (visible) form.take()
+    Component.onCompleted: begin()
 
     title: "Halvora"
 

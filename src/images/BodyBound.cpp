@@ -19,10 +19,7 @@ void endBeyond(QNetworkReply *reply, qint64 bytes, qint64 bound)
     if (bytes <= bound || reply->isFinished())
         return;
     reply->setProperty(tooLarge, true);
-    reply->abort(); // its receiver schedules the deletion
-    // Qt would warn of an end that the network posted meanwhile. What is posted from now on stands behind
-    // the deletion.
-    QCoreApplication::removePostedEvents(reply, QEvent::MetaCall);
+    BodyBound::end(reply);
 }
 
 } // namespace
@@ -36,6 +33,13 @@ void BodyBound::set(QNetworkReply *reply, qint64 bytes)
     });
     QObject::connect(reply, &QNetworkReply::readyRead, reply,
                      [reply, bytes] { endBeyond(reply, reply->bytesAvailable(), bytes); });
+}
+
+void BodyBound::end(QNetworkReply *reply)
+{
+    reply->abort(); // its receiver schedules the deletion
+    // What is posted from now on stands behind the deletion.
+    QCoreApplication::removePostedEvents(reply, QEvent::MetaCall);
 }
 
 bool BodyBound::isExceeded(const QNetworkReply *reply)

@@ -15,7 +15,10 @@ namespace BodyBound {
 /// unannounced body comes along with the excess, up to 1 MiB of it is let through.
 void set(QNetworkReply *reply, qint64 bytes);
 
-/// Whether the reply was ended for that reason.
+/// Aborts `reply` without Qt's warning of an end that the network has told meanwhile.
+void end(QNetworkReply *reply);
+
+/// Whether the reply was ended for being too large.
 bool isExceeded(const QNetworkReply *reply);
 
 } // namespace BodyBound

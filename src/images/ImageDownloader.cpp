@@ -10,6 +10,7 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QQuickItem>
+#include <QTimer>
 
 ImageDownloader *ImageDownloader::s_instance = nullptr;
 
@@ -60,9 +61,14 @@ void ImageDownloader::run()
     QNetworkAccessManager manager;
     connect(&manager, &QNetworkAccessManager::finished, this, &ImageDownloader::replyFinished);
     m_manager = &manager;
+    QTimer patience;
+    patience.setSingleShot(true);
+    patience.setInterval(usualPatience);
+    m_patience = &patience;
     exec();
     disconnect(&manager, nullptr, this, nullptr);
     m_manager = nullptr;
+    m_patience = nullptr;
 }
 
 bool ImageDownloader::isCached(const QString &uri) const
@@ -94,15 +100,32 @@ void ImageDownloader::startDownload(const QString &uri)
 {
     if (!m_manager)
         return;
-    QNetworkRequest request{QUrl(uri)};
-    request.setTransferTimeout(m_patience);
-    BodyBound::set(m_manager->get(request), PictureDecoder::maxBytes);
+    QNetworkReply *reply = m_manager->get(QNetworkRequest(QUrl(uri)));
+    BodyBound::set(reply, PictureDecoder::maxBytes);
+    giveUpInTheEnd(reply);
+}
+
+// Not a time for each: many wait behind others for one of a slow server's few connections, and get it.
+void ImageDownloader::giveUpInTheEnd(QNetworkReply *reply)
+{
+    const auto renew = qOverload<>(&QTimer::start);
+    connect(reply, &QNetworkReply::metaDataChanged, m_patience, renew);
+    connect(reply, &QNetworkReply::readyRead, m_patience, renew);
+    connect(reply, &QNetworkReply::finished, m_patience, renew);
+    connect(m_patience, &QTimer::timeout, reply, [reply] {
+        if (!reply->isFinished())
+            BodyBound::end(reply);
+    });
+    m_patience->start();
 }
 
 void ImageDownloader::setPatience(int milliseconds)
 {
-    QMetaObject::invokeMethod(
-        this, [this, milliseconds] { m_patience = milliseconds; }, Qt::QueuedConnection);
+    const auto set = [this, milliseconds] {
+        if (m_patience)
+            m_patience->setInterval(qMax(1, milliseconds));
+    };
+    QMetaObject::invokeMethod(this, set, Qt::QueuedConnection);
 }
 
 void ImageDownloader::discardImage(const QString &uri, QQuickItem *item)

@@ -14,6 +14,7 @@
 class QNetworkAccessManager;
 class QNetworkReply;
 class QQuickItem;
+class QTimer;
 
 /**
  * Fetches, decodes and keeps every remote picture of the screens: one object, one thread and one network manager
@@ -25,8 +26,8 @@ class QQuickItem;
  * is called under it. Items that wait are not owned; one that dies is simply not told.
  *
  * There is one request a URL at a time, and one item registered with it: the first that asked. A failed download
- * leaves no trace, so that the next request tries again; one on which nothing moves has failed in the end. A body that is no picture, or over PictureDecoder's
- * bounds, is kept as a null picture and not fetched again while it is kept.
+ * leaves no trace, so that the next request tries again; when nothing moves any more, all have failed. A body that
+ * is no picture, or over PictureDecoder's bounds, is kept as a null picture and not fetched again while it is kept.
  */
 class ImageDownloader final : public QThread
 {
@@ -50,8 +51,8 @@ public:
     void discardImage(const QString &uri, QQuickItem *item);
     /// Keeps a picture and lets the oldest go.
     void addToCache(const QString &uri, const QImage &image);
-    /// For how many milliseconds a server may send nothing of a picture that is asked for from now on, its wait for a
-    /// free connection included; usualPatience unless told otherwise, 0 for ever. Any thread.
+    /// For how many milliseconds nothing may move on any download before all that are under way are given up;
+    /// usualPatience unless told otherwise, at least 1. Any thread.
     void setPatience(int milliseconds);
 
 Q_SIGNALS:
@@ -67,12 +68,13 @@ private:
     explicit ImageDownloader(QObject *parent = nullptr);
     static void endInstance();
     void startDownload(const QString &uri);
+    void giveUpInTheEnd(QNetworkReply *reply);
     QPointer<QQuickItem> takePending(const QString &uri);
 
     static ImageDownloader *s_instance;
 
-    int m_patience = usualPatience;             // milliseconds; this thread's
-    QNetworkAccessManager *m_manager = nullptr; // lives in run(), used in this thread only
+    QNetworkAccessManager *m_manager = nullptr; // these two live in run(), and are used in this thread only
+    QTimer *m_patience = nullptr;
     mutable QMutex m_mutex;                     // for the three tables below
     QStringList m_cacheOrder;                   // newest first; a key may stand in it twice
     QHash<QString, QImage> m_cache;

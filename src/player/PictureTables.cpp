@@ -5,6 +5,19 @@
 
 #include <QJsonObject>
 
+namespace {
+
+void enter(QHash<int, QString> *table, const QJsonArray &pictures)
+{
+    for (const QJsonValue &value : pictures) {
+        const QJsonObject picture = value.toObject();
+        table->insert(picture.value(QLatin1String("width")).toInt(),
+                      picture.value(QLatin1String("uri")).toString());
+    }
+}
+
+} // namespace
+
 void PictureTables::set(PlayerItem *item, const QJsonArray &pictures)
 {
     *item->images = tableOf(pictures);
@@ -14,9 +27,7 @@ void PictureTables::add(PlayerItem *item, const QJsonArray &pictures)
 {
     if (item->images->isEmpty())
         return set(item, pictures);
-    const QHash<int, QString> table = tableOf(pictures);
-    for (auto it = table.cbegin(); it != table.cend(); ++it)
-        item->images->insert(it.key(), it.value());
+    enter(item->images, pictures);
 }
 
 const QHash<int, QString> &PictureTables::tableOf(const QJsonArray &pictures)
@@ -25,10 +36,6 @@ const QHash<int, QString> &PictureTables::tableOf(const QJsonArray &pictures)
         return m_table;
     m_pictures = pictures;
     m_table.clear();
-    for (const QJsonValue &value : pictures) {
-        const QJsonObject picture = value.toObject();
-        m_table.insert(picture.value(QLatin1String("width")).toInt(),
-                       picture.value(QLatin1String("uri")).toString());
-    }
+    enter(&m_table, pictures);
     return m_table;
 }

@@ -19,9 +19,9 @@ namespace TrackParser {
 /// artists, radio streams no artists. What is missing, or of the wrong type, stays empty.
 SongDetails detailsOf(const QString &uri, const QCborMap &track);
 
-/// Completes a row of a list from a track object, by the scheme of the song's own uri; what that scheme does not know
-/// stays as it was. A radio stream's name is taken over as well. What is equal in `before`, the details of the song that
-/// was filled last, is shared; `before` then has those of this one.
+/// Completes a row of a list from a track object, by the scheme of the song's own uri; what that scheme does not
+/// know stays as it was. A radio stream's name is taken over as well. What is equal in `before`, the details of the
+/// song that was filled last, is shared; `before` then has those of this one.
 void fill(Song *song, const QCborMap &track, SongDetails *before);
 /// Takes the artists of a track or album object.
 void fill(Album *album, const QCborMap &entry);

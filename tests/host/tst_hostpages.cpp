@@ -304,6 +304,7 @@ void HostPagesTest::asksOnceForADevice()
     QFETCH(bool, hasStore);
     start(hasStore ? Secrets::Fine : Secrets::Missing);
     QVERIFY(said("Try the demo"));
+    QTRY_VERIFY(window()->findChild<QObject *>(u("settingsState"))); // a page made behind this one takes no keys
     enterDevice(m_devices[0]);
     if (hasStore)
         click(u("Connect"));
