@@ -105,7 +105,9 @@ void ImageDownloader::startDownload(const QString &uri)
     giveUpInTheEnd(reply);
 }
 
-// Not a time for each: many wait behind others for one of a slow server's few connections, and get it.
+// Some never end: a server may fall silent, and Qt 5.15 now and then does not send a request that follows an answer which
+// the same server has cut off. Not a time for each, as many wait behind others for one of a slow server's few
+// connections, and get it.
 void ImageDownloader::giveUpInTheEnd(QNetworkReply *reply)
 {
     const auto renew = qOverload<>(&QTimer::start);
