@@ -366,7 +366,7 @@ void HostileTest::pictures()
         connection.readUntil("\r\n\r\n");
         attack(connection);
     });
-    // Of the same one, Qt would lose the next request now and then, until it is given up.
+    // At the same one, the next request may come while it ends its connection, and fail with it.
     auto other = std::make_unique<HostilePeer>([=](Connection &connection, int) {
         connection.readUntil("\r\n\r\n");
         answer(connection, good);

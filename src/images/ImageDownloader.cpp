@@ -64,6 +64,7 @@ void ImageDownloader::run()
     QTimer patience;
     patience.setSingleShot(true);
     patience.setInterval(usualPatience);
+    connect(&patience, &QTimer::timeout, this, &ImageDownloader::giveUp);
     m_patience = &patience;
     exec();
     disconnect(&manager, nullptr, this, nullptr);
@@ -102,23 +103,33 @@ void ImageDownloader::startDownload(const QString &uri)
         return;
     QNetworkReply *reply = m_manager->get(QNetworkRequest(QUrl(uri)));
     BodyBound::set(reply, PictureDecoder::maxBytes);
-    giveUpInTheEnd(reply);
+    watch(reply);
 }
 
-// Some never end: a server may fall silent, and Qt 5.15 now and then does not send a request that follows an answer which
-// the same server has cut off. Not a time for each, as many wait behind others for one of a slow server's few
+// A server may fall silent. Not a time for each request, as many wait behind others for one of a slow server's few
 // connections, and get it.
-void ImageDownloader::giveUpInTheEnd(QNetworkReply *reply)
+void ImageDownloader::watch(QNetworkReply *reply)
 {
     const auto renew = qOverload<>(&QTimer::start);
     connect(reply, &QNetworkReply::metaDataChanged, m_patience, renew);
     connect(reply, &QNetworkReply::readyRead, m_patience, renew);
     connect(reply, &QNetworkReply::finished, m_patience, renew);
-    connect(m_patience, &QTimer::timeout, reply, [reply] {
-        if (!reply->isFinished())
-            BodyBound::end(reply);
-    });
     m_patience->start();
+}
+
+void ImageDownloader::giveUp()
+{
+    int silent = 0;
+    const auto replies = m_manager->findChildren<QNetworkReply *>();
+    for (QNetworkReply *reply : replies) {
+        if (reply->isFinished())
+            continue;
+        ++silent;
+        BodyBound::end(reply);
+    }
+    // A server that closes while it is asked can leave Qt 5.15 with a connection on which it never asks again.
+    if (silent > 0)
+        m_manager->clearConnectionCache();
 }
 
 void ImageDownloader::setPatience(int milliseconds)

@@ -68,7 +68,8 @@ private:
     explicit ImageDownloader(QObject *parent = nullptr);
     static void endInstance();
     void startDownload(const QString &uri);
-    void giveUpInTheEnd(QNetworkReply *reply);
+    void watch(QNetworkReply *reply);
+    void giveUp();
     QPointer<QQuickItem> takePending(const QString &uri);
 
     static ImageDownloader *s_instance;
