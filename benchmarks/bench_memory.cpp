@@ -68,8 +68,9 @@ void measureRow(const Measurement::Call &call, Answers::Covers covers)
 // With or without the answer to the request for the pictures, which comes behind that for the tracklist.
 void measureQueue(const Measurement::Call &call, std::optional<Answers::Covers> covers)
 {
-    const QString pictures
-        = covers ? QString::fromUtf8(Answers::reply(Answers::pictures(entries, *covers), 1)) : QString();
+    const QString pictures = covers
+        ? QString::fromUtf8(Answers::reply(Answers::pictures(entries, *covers), 1))
+        : QString();
     const auto player = Answers::waitingPlayer();
     const QString text = QString::fromUtf8(Answers::tracklist(entries));
     player->socketMessageReceived(QStringLiteral("{\"event\":\"tracklist_changed\"}"));

@@ -260,8 +260,9 @@ void HostileTest::musicServer_data()
     });
     taken("23 MB of objects"_s, filled(queue + "0", R"(,{"uri":"a"})", 23 * mebibyte, "]}"));
     taken("23 MB of empty lists"_s, filled(queue + "0", ",[]", 23 * mebibyte, "]}"));
-    taken("as many playlists as there can be"_s,
-          filled(R"({"jsonrpc":"2.0","id":"6","result":[{})", ",{}", (isSanitized ? 2 : 23) * mebibyte, "]}"));
+    taken(
+        "as many playlists as there can be"_s,
+        filled(R"({"jsonrpc":"2.0","id":"6","result":[{})", ",{}", (isSanitized ? 2 : 23) * mebibyte, "]}"));
     // Qt's parser goes down to 1024 levels, and takes nothing of what is deeper.
     for (const int levels : {500, 5000, 1000000}) {
         const QByteArray entry = queue + R"({"tlid":1,"track":{"uri":"a","x":)";

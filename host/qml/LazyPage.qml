@@ -3,7 +3,8 @@
 
 import QtQuick 2.5
 
-// A page that a start of the host need not wait for: it is made when it comes on show, or a little later, and stays then.
+// A page that a start of the host need not wait for: it is made when it comes on show, or a little later, and stays
+// then.
 Loader {
     id: root
 

@@ -15,7 +15,7 @@ namespace BodyBound {
 /// unannounced body comes along with the excess, up to 1 MiB of it is let through.
 void set(QNetworkReply *reply, qint64 bytes);
 
-/// Aborts `reply` without Qt's warning of an end that the network has told meanwhile.
+/// Aborts `reply` without Qt's warning of an end that the network has told meanwhile. Thread and deletion as above.
 void end(QNetworkReply *reply);
 
 /// Whether the reply was ended for being too large.

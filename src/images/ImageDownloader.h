@@ -34,7 +34,7 @@ class ImageDownloader final : public QThread
     Q_OBJECT
 
 public:
-    static constexpr int cacheEntries = 50; ///< pictures kept, first in, first out
+    static constexpr int cacheEntries = 50;     ///< pictures kept, first in, first out
     static constexpr int usualPatience = 60000; ///< milliseconds
 
     static ImageDownloader *instance();
@@ -76,8 +76,8 @@ private:
 
     QNetworkAccessManager *m_manager = nullptr; // these two live in run(), and are used in this thread only
     QTimer *m_patience = nullptr;
-    mutable QMutex m_mutex;                     // for the three tables below
-    QStringList m_cacheOrder;                   // newest first; a key may stand in it twice
+    mutable QMutex m_mutex;   // for the three tables below
+    QStringList m_cacheOrder; // newest first; a key may stand in it twice
     QHash<QString, QImage> m_cache;
     QHash<QString, QPointer<QQuickItem>> m_pendingRequests;
 };

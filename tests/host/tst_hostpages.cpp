@@ -304,7 +304,8 @@ void HostPagesTest::asksOnceForADevice()
     QFETCH(bool, hasStore);
     start(hasStore ? Secrets::Fine : Secrets::Missing);
     QVERIFY(said("Try the demo"));
-    QTRY_VERIFY(window()->findChild<QObject *>(u("settingsState"))); // a page made behind this one takes no keys
+    QTRY_VERIFY(
+        window()->findChild<QObject *>(u("settingsState"))); // a page made behind this one takes no keys
     enterDevice(m_devices[0]);
     if (hasStore)
         click(u("Connect"));
