@@ -74,6 +74,7 @@ private:
     QStringList queueTitles();
     QStringList playlistNames();
     bool isPlaying(const QString &title) const;
+    bool resumes(const QString &title);
 
     MopidyServer m_server;
     HalvoraPlayer m_player;
@@ -148,6 +149,24 @@ bool TestMopidy::isPlaying(const QString &title) const
         && m_player.currentSong()->name() == title;
 }
 
+// Soon after a pause this server may take its own audio's late word of it for another pause, behind the answer to the
+// request to play: whoever listens presses again then. The first request has to be heard all the same.
+bool TestMopidy::resumes(const QString &title)
+{
+    const int from = m_player.currentSong()->currTime();
+    bool heard = false;
+    const auto pressing = connect(&m_player, &HalvoraPlayer::playPauseChanged, this, [&] {
+        heard = heard || m_player.playPause() == HalvoraPlayer::Playing;
+        if (heard && m_player.playPause() == HalvoraPlayer::Paused)
+            m_player.actionPlay();
+    });
+    m_player.actionPlay();
+    const bool goesOn = QTest::qWaitFor(
+        [&] { return isPlaying(title) && m_player.currentSong()->currTime() > from + 1; }, patience);
+    disconnect(pressing);
+    return goesOn && heard;
+}
+
 void TestMopidy::playsAndPauses()
 {
     queueTracks(2);
@@ -160,8 +179,7 @@ void TestMopidy::playsAndPauses()
     QTRY_VERIFY(m_player.currentSong()->mediumImgPath().startsWith("http://127.0.0.1:"_s));
     m_player.actionPause();
     QTRY_COMPARE(m_player.playPause(), int(HalvoraPlayer::Paused));
-    m_player.actionPlay();
-    QTRY_VERIFY_WITH_TIMEOUT(isPlaying("Cast Off"_s), patience);
+    QVERIFY(resumes("Cast Off"_s));
     m_player.actionNext();
     QTRY_VERIFY_WITH_TIMEOUT(isPlaying("Gulls"_s) && m_player.currentSong()->currTime() > 0, patience);
     m_player.actionPrevious();
