@@ -54,6 +54,7 @@ private Q_SLOTS:
 
     // What goes wrong
     void shownItemStays();
+    void songOfAnotherStays();
     void nothingIsFreedWithoutAnEngine();
 
 private:
@@ -152,6 +153,21 @@ void ReclaimerTest::shownItemStays()
     QCOMPARE(song->name(), "A"_s);
     screen->setProperty("shown", QVariant::fromValue<Song *>(nullptr));
     QTRY_VERIFY((engine.collectGarbage(), !song));
+}
+
+// A current song that somebody else has set is theirs, also when the server tells of the next ones.
+void ReclaimerTest::songOfAnotherStays()
+{
+    QQmlEngine engine;
+    Reclaimer::begin(&engine);
+    const QPointer<Song> theirs = new Song;
+    m_player.setCurrentSong(theirs);
+    m_player.updateTrackInfo(QJsonObject{{"uri"_s, "made"_s}});
+    const QPointer<Song> made = m_player.currentSong();
+    m_player.updateTrackInfo(QJsonObject{{"uri"_s, "next"_s}});
+    QTRY_VERIFY(!made);
+    QVERIFY(theirs);
+    delete theirs;
 }
 
 void ReclaimerTest::nothingIsFreedWithoutAnEngine()
