@@ -6,6 +6,7 @@
 #include "model/Source.h"
 
 #include <QObject>
+#include <QPointer>
 
 /**
  * One output (zone) of the device, as the device last described it. Only Halvora writes it, from the device's
@@ -55,7 +56,7 @@ public:
     /// Loudness, like bass().
     int loudness() const { return m_loudness; }
     void setLoudness(int loudness);
-    /// The source that is routed here; null for none. Not owned.
+    /// The source that is routed here; null for none, and once it has gone. Not owned.
     Source *selectedSource() const { return m_selectedSource; }
     void setSelectedSource(Source *selectedSource);
 
@@ -79,5 +80,5 @@ private:
     int m_middle = 0;
     int m_treble = 0;
     int m_loudness = 0;
-    Source *m_selectedSource = nullptr;
+    QPointer<Source> m_selectedSource;
 };

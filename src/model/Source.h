@@ -6,6 +6,7 @@
 #include "player/HalvoraPlayer.h"
 
 #include <QObject>
+#include <QPointer>
 
 /**
  * One source of the device. Only Halvora writes it, from the device's messages.
@@ -33,8 +34,8 @@ public:
     /// Volume, 0 by default; the range is the device's, the screens show 0 to 100.
     int volume() const { return m_volume; }
     void setVolume(int volume);
-    /// The client of the music server behind the source; null for a source without one. Each list of sources
-    /// that the device sends brings a new player. Not owned.
+    /// The client of the music server behind the source; null for a source without one, and once it has gone.
+    /// Each list of sources that the device sends brings a new player. Not owned.
     HalvoraPlayer *player() const { return m_player; }
     void setPlayer(HalvoraPlayer *player);
 
@@ -48,5 +49,5 @@ private:
     int m_index = -1;
     QString m_name;
     int m_volume = 0;
-    HalvoraPlayer *m_player = nullptr;
+    QPointer<HalvoraPlayer> m_player;
 };
