@@ -260,6 +260,12 @@ void LibraryTest::playlistsComeOnceHoweverOftenTheyWereOpened()
     QVERIFY(listener.shows("Night"_s));
     QVERIFY(!loaded.isEmpty());
     QCOMPARE(told.size(), 3 * loaded.size());
+    const int before = loaded.size();
+    for (const int tab : {0, 1})
+        client.selectTab(tab);
+    QTRY_COMPARE(client.item("PlaylistsNavPopup"_s)->y(), 640.0);
+    QVERIFY(listener.openPlaylists());
+    QCOMPARE(loaded.size(), before + 1); // and once anew when they come on show again
 }
 
 void LibraryTest::menuOfAPlaylist()

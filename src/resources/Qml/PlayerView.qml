@@ -81,6 +81,7 @@ PlayerView {
             return
         }
         playlistPopup.y = 0
+        playlistPopup.firstShown = null
         if (halvora)
             playlistPopup.currHalvora = halvora
         if (currentPlayer())

@@ -11,7 +11,7 @@ PlaylistNavController {
     property var firstShown: null
 
     // The change is told as often as the pop-up has been opened, and each list has playlists of its own: one that begins
-    // with the playlist on show is on show.
+    // with the playlist on show is on show. Whoever opens the pop-up sets that back to null, and has all loaded anew.
     function showPlaylists() {
         var playlists = currPlayer ? currPlayer.playlists : []
         var first = playlists.length > 0 ? playlists[0] : null
