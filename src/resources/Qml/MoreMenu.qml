@@ -38,6 +38,8 @@ ActionSheet {
         }
     }
 
+    menu.topMargin: 5
+    menu.interactive: false
     onSelectedItemChanged: {
         if (!selectedItem)
             return

@@ -13,6 +13,7 @@ SlidingPanel {
     property PlayerItem selectedItem
     property alias cover: cover
     property alias firstRow: firstRow
+    property alias menu: menu
     readonly property real menuTop: 175
     property var quoted: ({}) // what the text of a key ends with
 
@@ -73,8 +74,6 @@ SlidingPanel {
             id: menu
 
             anchors.fill: parent
-            topMargin: 5
-            interactive: false
 
             row: BoxedLabel {
                 width: menu.width
