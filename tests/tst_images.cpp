@@ -10,6 +10,7 @@
 
 #include <QBuffer>
 #include <QQuickItem>
+#include <QtEndian>
 
 namespace {
 
@@ -121,6 +122,7 @@ private Q_SLOTS:
     void decodingNeedsNoGuiThread();
     void cacheIsFirstInFirstOut();
     void providerFits();
+    void bitmapOfEitherDirection();
 
     // What goes wrong
 
@@ -222,6 +224,20 @@ void TestImages::providerFits()
         QCOMPARE(size, row.second);
     }
     QVERIFY(!AsyncImageProvider().requestImage("http://fits"_s, nullptr, {}).isNull());
+}
+
+// Bitmaps begin with their lowest line, or with a negative height and their topmost.
+void TestImages::bitmapOfEitherDirection()
+{
+    QImage drawn(2, 2, QImage::Format_RGB32);
+    drawn.fill(Qt::red);
+    drawn.setPixelColor(0, 0, Qt::green);
+    QBuffer buffer;
+    QVERIFY(drawn.save(&buffer, "BMP"));
+    QByteArray body = buffer.data();
+    QCOMPARE(PictureDecoder::decoded(body).convertToFormat(drawn.format()), drawn);
+    qToLittleEndian<qint32>(-2, body.data() + 22);
+    QCOMPARE(PictureDecoder::decoded(body).convertToFormat(drawn.format()), drawn.mirrored());
 }
 
 void TestImages::failedDownloadCanBeTriedAgain()

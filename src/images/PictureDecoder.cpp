@@ -14,8 +14,7 @@ QImage PictureDecoder::decoded(const QByteArray &body)
     buffer.setData(body);
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer);
-    const QSize size = reader.size();
-    if (!size.isValid() || qint64(size.width()) * size.height() > maxPixels)
-        return {};
-    return reader.read();
+    const QSize size = reader.size(); // of a bitmap that begins with its topmost line, the height is negative
+    const qint64 pixels = qAbs(qint64(size.width()) * size.height());
+    return size != QSize() && pixels <= maxPixels ? reader.read() : QImage();
 }
