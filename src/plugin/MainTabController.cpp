@@ -85,10 +85,12 @@ void MainTabController::publishTheme()
     if (!file.open(QIODevice::ReadOnly))
         return;
     const QJsonDocument document = QJsonDocument::fromJson(file.readAll());
-    if (document.isObject()) {
-        qmlEngine(this)->rootContext()->setContextProperty(QStringLiteral("currentTheme"),
-                                                           new Theme(document.object(), qmlEngine(this)));
-    }
+    if (!document.isObject())
+        return;
+    auto *theme = new Theme(document.object(), nullptr);
+    qmlEngine(this)->rootContext()->setContextProperty(QStringLiteral("currentTheme"), theme);
+    // Nobody owns it; what names it by its context goes with the engine, and so does it.
+    connect(qmlEngine(this), &QObject::destroyed, theme, [theme] { delete theme; });
 }
 
 template<typename View>
