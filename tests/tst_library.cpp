@@ -33,6 +33,7 @@ private Q_SLOTS:
     void playlistIsOpened();
     void playlistsComeOnceHoweverOftenTheyWereOpened();
     void menuOfAPlaylist();
+    void menuOfAPlaylistOnALowScreen();
     void playlistIsMade();
     void playlistIsRenamed();
     void playlistIsDeleted();
@@ -282,6 +283,24 @@ void LibraryTest::menuOfAPlaylist()
             expected << play(3);
         QVERIFY(listener.sent(expected));
     }
+}
+
+// A phone held sideways: the last rows are reached by scrolling.
+void LibraryTest::menuOfAPlaylistOnALowScreen()
+{
+    PlayingListener listener;
+    ClientWindow &client = listener.client;
+    QVERIFY(listener.openPlaylists() && listener.openPlaylistMenu());
+    client.view.resize(450, 330);
+    QTRY_COMPARE(client.item("PlaylistMoreMenu"_s)->height(), 330.0);
+    QTest::mousePress(&client.view, Qt::LeftButton, {}, {200, 300});
+    for (int y = 300; y >= 20; y -= 20)
+        QTest::mouseMove(&client.view, {200, y});
+    QTest::mouseRelease(&client.view, Qt::LeftButton, {}, {200, 20});
+    const int lastRow = 330 - 15 - 50;
+    QTRY_COMPARE(client.itemWithText("Delete"_s)->mapToScene({}).toPoint().y(), lastRow);
+    client.click({200, lastRow + 25});
+    QTRY_VERIFY(client.item("PlaylistDeleteDialog"_s));
 }
 
 void LibraryTest::playlistIsMade()

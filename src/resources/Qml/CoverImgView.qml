@@ -65,7 +65,7 @@ RingedDisc {
         function circle(context, style, from, to) {
             context.strokeStyle = style
             context.beginPath()
-            context.arc(width / 2, height / 2, root.sliderRadius / 2, from, to)
+            context.arc(width / 2, height / 2, Math.max(0, root.sliderRadius) / 2, from, to) // a low screen has no room
             context.stroke()
         }
 
