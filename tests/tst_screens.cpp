@@ -32,6 +32,7 @@ private Q_SLOTS:
     void overlayTellsAndBlocks();
     void screenIsRightAfterHaste();
     void markupIsShownAsText();
+    void longNameTakesTwoLines();
     void deviceWithoutOutputsIsCalm();
     void hostThatForgetsTheScreensIsCalm();
     void screensFit();
@@ -229,6 +230,21 @@ void ScreensTest::markupIsShownAsText()
     QTRY_VERIFY(client.showsText(outputs[0].name));
     QCOMPARE(client.itemWithText(outputs[0].name)->property("textFormat").toInt(), 0);
     QCOMPARE(client.itemWithText(outputs[0].name)->property("lineCount").toInt(), 1);
+}
+
+void ScreensTest::longNameTakesTwoLines()
+{
+    ClientWindow client;
+    const QString name = "Terrace and the old barn"_s;
+    QVector<OutputState> outputs = client.device.state().outputs;
+    for (OutputState &output : outputs) {
+        if (output.name == "Terrace"_s)
+            output.name = name;
+    }
+    client.device.setOutputs(outputs);
+    QVERIFY(client.showPlayer() && client.showsText(name));
+    QCOMPARE(client.itemWithText(name)->property("lineCount").toInt(), 2);
+    QVERIFY(!client.itemWithText(name)->property("truncated").toBool());
 }
 
 void ScreensTest::deviceWithoutOutputsIsCalm()
