@@ -33,6 +33,7 @@ private Q_SLOTS:
     void screenIsRightAfterHaste();
     void markupIsShownAsText();
     void longNameTakesTwoLines();
+    void dragThatLosesItsScreen();
     void deviceWithoutOutputsIsCalm();
     void hostThatForgetsTheScreensIsCalm();
     void screensFit();
@@ -230,6 +231,21 @@ void ScreensTest::markupIsShownAsText()
     QTRY_VERIFY(client.showsText(outputs[0].name));
     QCOMPARE(client.itemWithText(outputs[0].name)->property("textFormat").toInt(), 0);
     QCOMPARE(client.itemWithText(outputs[0].name)->property("lineCount").toInt(), 1);
+}
+
+void ScreensTest::dragThatLosesItsScreen()
+{
+    OutputsWindow client;
+    const QPoint knob = sliderOf(0, 0.4);
+    client.press(knob);
+    for (int x = 5; x <= 40; x += 5)
+        client.moveTo(knob + QPoint(x, 0));
+    client.forgetCommands();
+    client.selectTab(1);
+    client.release(knob + QPoint(40, 0));
+    client.selectTab(0);
+    QTRY_VERIFY(client.showsText("Bath"_s));
+    QCOMPARE(client.commands(), QStringList());
 }
 
 void ScreensTest::longNameTakesTwoLines()

@@ -55,7 +55,10 @@ OutputsView {
                     output: modelData
                     onCoverClicked: root.requireSelectOutput(output.index)
                     onMuteClicked: root.halvora.actionSetMuteForOutput(!output.mute, output.index)
-                    onVolumeChosen: root.halvora.actionSetVolumeForOutput(value, output.index)
+                    onVolumeChosen: {
+                        if (root.halvora) // a drag ends when the screen is taken down
+                            root.halvora.actionSetVolumeForOutput(value, output.index)
+                    }
                     onPictureWanted: root.requestImage(uri, cover)
                 }
             }
@@ -63,7 +66,10 @@ OutputsView {
             section.delegate: SourceBand {
                 width: list.width
                 currentSource: root.sourceWithIndex(section)
-                onVolumeChosen: root.halvora.actionSetVolumeForSource(value, currentSource.index)
+                onVolumeChosen: {
+                    if (root.halvora)
+                        root.halvora.actionSetVolumeForSource(value, currentSource.index)
+                }
             }
         }
     }
