@@ -33,6 +33,7 @@ private Q_SLOTS:
     void screenIsRightAfterHaste();
     void markupIsShownAsText();
     void longNameTakesTwoLines();
+    void groupingAheadOfTheNextFrame();
     void dragThatLosesItsScreen();
     void deviceWithoutOutputsIsCalm();
     void hostThatForgetsTheScreensIsCalm();
@@ -246,6 +247,19 @@ void ScreensTest::dragThatLosesItsScreen()
     client.selectTab(0);
     QTRY_VERIFY(client.showsText("Bath"_s));
     QCOMPARE(client.commands(), QStringList());
+}
+
+// Qt's view of the rows has not heard then that they are others.
+void ScreensTest::groupingAheadOfTheNextFrame()
+{
+    OutputsWindow client;
+    for (const QPoint &grouping : {showBySource, showAll, showBySource}) {
+        client.selectTab(1);
+        client.selectTab(0);
+        client.click(grouping);
+        QTRY_VERIFY(client.showsText("Bath"_s));
+    }
+    QVERIFY(client.item("SourceBand"_s));
 }
 
 void ScreensTest::longNameTakesTwoLines()

@@ -49,7 +49,9 @@ DelegateModel {
     }
 
     onSortOrderChanged: {
-        // The view crashes when its sections change between a re-sort and its next layout.
+        // The view crashes when its sections change between a change of its rows and its next layout. Setting the
+        // current index lays out what has changed so far, whatever the index.
+        view.currentIndex = view.currentIndex
         view.section.property = sortOrder === 1 ? "selectedSource.index" : ""
         if (items.count > 0)
             items.setGroups(0, items.count, "unsorted")
