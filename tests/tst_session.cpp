@@ -53,10 +53,8 @@ public:
             drag();
         else if (what < 16)
             client.type("ab 1\r"_s.mid(below(5), 1));
-        else if (what < 18)
-            changeTheDevice();
         else
-            changeTheServer();
+            changeAnything();
         const int seen = m_frames;
         (void)QTest::qWaitFor([&] { return m_frames > seen; }, 20);
     }
@@ -87,9 +85,13 @@ private:
         const QPoint from = anywhere();
         const QPoint to = below(2) ? QPoint(from.x() + below(300) - 150, from.y())
                                    : QPoint(from.x(), from.y() + below(400) - 200);
+        const int interrupted = below(20); // at one of the parts, if at all
         client.press(from);
-        for (int part = 1; part <= 4; ++part)
+        for (int part = 1; part <= 4; ++part) {
             client.moveTo(within(from + (to - from) * part / 4));
+            if (part == interrupted)
+                changeAnything();
+        }
         client.release(within(to));
     }
 
@@ -97,6 +99,34 @@ private:
     {
         return {qBound(0, place.x(), client.view.width() - 1),
                 qBound(0, place.y(), client.view.height() - 1)};
+    }
+
+    void changeAnything()
+    {
+        const int what = below(10);
+        if (what < 4)
+            changeTheDevice();
+        else if (what < 8)
+            changeTheServer();
+        else
+            changeTheHost();
+    }
+
+    // The window, the tab, and whether anybody looks.
+    void changeTheHost()
+    {
+        const std::function<void()> changes[] = {
+            [&] {
+                client.view.resize(QList<int>{450, 200, 900}.at(below(3)),
+                                   QList<int>{640, 100, 330, 1000}.at(below(4)));
+            },
+            [&] { client.selectTab(below(2)); },
+            [&] {
+                client.background();
+                client.foreground();
+            },
+        };
+        changes[below(int(std::size(changes)))]();
     }
 
     void changeTheDevice()
@@ -161,6 +191,7 @@ void SessionTest::somebodyTouchesEverything()
     for (int step = 0; step < steps; ++step)
         somebody.step();
     ClientWindow &client = somebody.client;
+    client.view.resize(450, 640);
     client.selectTab(0);
     client.device.setVolume(12, 33);
     client.device.setRoute(12, 9);
