@@ -7,6 +7,8 @@
 
 #include "player/PlayerTiming.h"
 
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QRandomGenerator>
 
 /**
@@ -55,8 +57,20 @@ public:
             client.type("ab 1\r"_s.mid(below(5), 1));
         else
             changeAnything();
+        if (below(4) == 0)
+            return; // and the next ahead of any frame
         const int seen = m_frames;
         (void)QTest::qWaitFor([&] { return m_frames > seen; }, 20);
+    }
+
+    // As it was at the start, but with what has happened in between.
+    void comeBack()
+    {
+        client.server.faults() = {};
+        client.view.resize(450, 640);
+        client.device.setSources(m_whole.sources);
+        client.device.setOutputs(m_whole.outputs);
+        client.selectTab(0);
     }
 
     ClientWindow client;
@@ -141,7 +155,8 @@ private:
             [&] {
                 device.setAirPlay(2, {below(2) == 0, "Title"_s, "Album"_s, {}, {}});
             },
-            [&] { device.setSources(device.state().sources); },
+            [&] { device.setSources(m_whole.sources.mid(below(2))); },
+            [&] { device.setOutputs(m_whole.outputs.mid(below(2), 1 + below(3))); },
             [&] {
                 device.setPlaylistEntries({{5, "Five"_s, {}}});
             },
@@ -161,11 +176,22 @@ private:
             [&] { server.dropAll(); },
             [&] { server.tracklist()->remove({server.playback()->currentTlid()}); },
             [&] { server.playback()->play(); },
+            [&] {
+                server.faults().spoilField = below(60);
+                server.faults().spoilWith = QVector<QJsonValue>{{}, -1, "x"_s, QJsonObject(), QJsonArray()}
+                                                .at(below(5));
+            },
+            [&] {
+                server.faults().errorReply = below(4) == 0;
+                server.faults().doubleReply = below(4) == 0;
+                server.faults().replyDelayMs = below(2) * 200;
+            },
         };
         changes[below(int(std::size(changes)))]();
     }
 
     QRandomGenerator m_chance;
+    const DeviceState m_whole = client.device.state();
     int m_frames = 0;
 };
 
@@ -191,8 +217,7 @@ void SessionTest::somebodyTouchesEverything()
     for (int step = 0; step < steps; ++step)
         somebody.step();
     ClientWindow &client = somebody.client;
-    client.view.resize(450, 640);
-    client.selectTab(0);
+    somebody.comeBack();
     client.device.setVolume(12, 33);
     client.device.setRoute(12, 9);
     QTRY_COMPARE(client.tab(), 0);
