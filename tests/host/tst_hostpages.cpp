@@ -18,6 +18,7 @@
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QRandomGenerator>
 #include <QScreen>
 #include <QSettings>
 #include <QTcpServer>
@@ -99,6 +100,8 @@ private Q_SLOTS:
     void tellsThatTheStoreFails();
     void leavesWhatIsTypedToALateStore();
     void leavesOutDevicesThatMakeNoSense();
+    void somebodyTouchesEverything_data();
+    void somebodyTouchesEverything();
 
 private:
     struct Host
@@ -124,6 +127,7 @@ private:
     QString textOf(const char *name) const;
     QString notice() const { return textOf("notice"); } ///< the line above the tabs
     void touch(const char *picture) const;
+    void touchSomething(QRandomGenerator *chance) const;
 
     QQuickWindow *window() const { return m_host->scene.window(); }
     QQuickItem *root() const { return window()->contentItem(); }
@@ -771,6 +775,60 @@ void HostPagesTest::leavesOutDevicesThatMakeNoSense()
     QVERIFY(said("Connect"));
     QCOMPARE(m_host->controller.devices()->count(), 1);
     QCOMPARE(m_host->preferences.language(), u("en"));
+}
+
+void HostPagesTest::somebodyTouchesEverything_data()
+{
+    QTest::addColumn<quint32>("seed");
+    for (quint32 seed = 1; seed <= 2; ++seed)
+        QTest::addRow("session %u", seed) << seed;
+}
+
+void HostPagesTest::touchSomething(QRandomGenerator *chance) const
+{
+    QVector<QPoint> places{{chance->bounded(window()->width()), chance->bounded(window()->height())}};
+    for (const QQuickItem *item : SceneSearch::visibleItems(root())) {
+        const QByteArray type = item->metaObject()->className();
+        if (type.contains("Button") || type.contains("Text") || type.contains("Label")
+            || type.contains("Field"))
+            places += item->mapToScene(item->boundingRect().center()).toPoint();
+    }
+    QTest::mouseClick(window(), Qt::LeftButton, {}, places.at(chance->bounded(places.size())));
+}
+
+/// On the host's pages and on the client behind them; a device that was typed in may be any.
+void HostPagesTest::somebodyTouchesEverything()
+{
+    QFETCH(quint32, seed);
+    allow("TypeError: Cannot read property 'currTimeChanged' of null"); // a route to a player without a song
+    bool isNumber = false;
+    const int wanted = qEnvironmentVariableIntValue("HALVORA_SESSION_STEPS", &isNumber);
+    QRandomGenerator chance(seed);
+    showFirstDevice();
+    int frames = 0;
+    const auto counting = connect(window(), &QQuickWindow::frameSwapped, this, [&] { ++frames; });
+    const Qt::Key keys[] = {Qt::Key_Escape, Qt::Key_Tab,  Qt::Key_Return,
+                            Qt::Key_1,      Qt::Key_Down, Qt::Key_Left};
+    for (int step = 0; step < (isNumber ? wanted : 150); ++step) {
+        const int what = chance.bounded(20);
+        if (what < 14)
+            touchSomething(&chance);
+        else if (what < 17)
+            press({keys[chance.bounded(int(std::size(keys)))]});
+        else if (what < 18)
+            window()->resize(340 + chance.bounded(600), 520 + chance.bounded(400));
+        else if (what < 19)
+            m_devices[0].dropAll();
+        else
+            m_host->controller.showDemo();
+        const int seen = frames;
+        (void)QTest::qWaitFor([&] { return frames > seen; }, 20);
+    }
+    disconnect(counting);
+    m_host->controller.showDemo();
+    for (int i = 0; i < 5; ++i)
+        press({Qt::Key_Escape});
+    QTRY_VERIFY_WITH_TIMEOUT(showsClient() || shows("PlayerView"), patience);
 }
 
 HALVORA_SUITE_MAIN(HostPagesTest)
