@@ -261,10 +261,23 @@ void LibraryTest::playlistsComeOnceHoweverOftenTheyWereOpened()
     QVERIFY(listener.shows("Night"_s));
     QVERIFY(!loaded.isEmpty());
     QCOMPARE(told.size(), 3 * loaded.size());
-    const int before = loaded.size();
     for (const int tab : {0, 1})
         client.selectTab(tab);
     QTRY_COMPARE(client.item("PlaylistsNavPopup"_s)->y(), 640.0);
+    const QString method = "core.playlists.as_list"_s;
+    const auto isAsked = [&] {
+        const QList<ReceivedRequest> &requests = client.server.requests();
+        return std::any_of(requests.begin(), requests.end(),
+                           [&](const ReceivedRequest &request) { return request.method == method; });
+    };
+    client.server.faults().methods = QStringList{method};
+    client.server.faults().noReply = true;     // from here on, no poll brings playlists
+    for (int asked = 1; asked <= 2; ++asked) { // and with the second, what was under way has come
+        client.forgetRequests();
+        client.device.broadcast(26);
+        QTRY_VERIFY(isAsked());
+    }
+    const int before = loaded.size();
     QVERIFY(listener.openPlaylists());
     QCOMPARE(loaded.size(), before + 1); // and once anew when they come on show again
 }
