@@ -70,7 +70,7 @@ private:
     using Update = void (BrowseListView::*)(const QString &type, const QJsonValue &value);
     void applyDetails(int responseId, const QJsonValue &v, Update update);
 
-    HalvoraPlayer *m_player = nullptr;
+    QPointer<HalvoraPlayer> m_player; // goes with its device, which these lists may outlive
     QHash<int, QPointer<BrowseListView>> m_pendingBrowse;
     QHash<int, QPointer<BrowseReference>> m_pendingReferences; // children of this
     QHash<int, QStringList> m_pendingPlay;

@@ -177,6 +177,6 @@ void PlaylistNavController::pushPresetSlots(const QString &uri)
     showAdd(false);
     view->setProperty("plRef", uri);
     view->setProperty("currPlayer", QVariant::fromValue(player()));
-    view->setProperty("currHalvora", QVariant::fromValue(m_currHalvora));
+    view->setProperty("currHalvora", QVariant::fromValue(currHalvora()));
     view->setProperty("enableSelection", true);
 }

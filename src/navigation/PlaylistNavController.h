@@ -75,5 +75,5 @@ private:
     QQuickItem *dialogParent() const;
     void showAdd(bool show);
 
-    Halvora *m_currHalvora = nullptr;
+    QPointer<Halvora> m_currHalvora;
 };
