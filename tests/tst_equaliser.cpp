@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 
 #include "support/ClientWindow.h"
+#include "support/SceneItems.h"
 #include "support/Suite.h"
 
 #include "player/PlayerTiming.h"
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void deviceDoesNotMoveAHeldSlider();
     void bandStaysWhereItWasPutByADrag();
     void withoutAnOutputNothingIsSent();
+    void withoutRoomNothingIsSent();
 };
 
 namespace {
@@ -172,6 +174,25 @@ void EqualiserTest::withoutAnOutputNothingIsSent()
     client.background(); // whatever was sent has arrived when the connection has ended
     QTRY_COMPARE(client.device.liveConnections(), 0);
     QCOMPARE(client.commands(), QStringList());
+}
+
+// On a low screen the grips of the bands still show, one over the other's way.
+void EqualiserTest::withoutRoomNothingIsSent()
+{
+    PlayerWindow client;
+    client.view.resize(450, 330);
+    QTRY_COMPARE(client.item("PlayerView"_s)->height(), 330.0);
+    client.click({345, 330 - 37});
+    QTRY_COMPARE(client.item("Equalizer"_s)->y(), 302.0);
+    client.forgetCommands();
+    const QPoint grip = SceneItems::centreOf(client.item("VerticalSlider"_s)->childItems().at(1));
+    QVERIFY(grip.y() > 302 && grip.y() < 330);
+    client.press(grip);
+    for (int y : {5, 10, 15, 20})
+        client.moveTo(grip + QPoint(0, y));
+    client.release(grip + QPoint(0, 20));
+    client.click({410, 285}); // mute
+    QTRY_COMPARE(client.commands(), QStringList{"UI_COMMAND|2001|100|3|1"_s});
 }
 
 HALVORA_SUITE_MAIN(EqualiserTest)

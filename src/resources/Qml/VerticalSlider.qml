@@ -48,6 +48,7 @@ SliderBase {
 
         MouseArea {
             anchors.fill: parent
+            enabled: root.height > grip.height // else there is no way to drag along
             preventStealing: true
             drag { target: grip; axis: Drag.YAxis; minimumY: -20; maximumY: root.height - 25 }
             onPositionChanged: {
