@@ -89,7 +89,7 @@ void MainTabController::publishTheme()
         return;
     auto *theme = new Theme(document.object(), nullptr);
     qmlEngine(this)->rootContext()->setContextProperty(QStringLiteral("currentTheme"), theme);
-    // Nobody owns it; what names it by its context goes with the engine, and so does it.
+    // Without an owner, as those who get it by its name may keep it; it goes behind the engine that knows the name.
     connect(qmlEngine(this), &QObject::destroyed, theme, [theme] { delete theme; });
 }
 

@@ -65,7 +65,7 @@ RingedDisc {
         function circle(context, style, from, to) {
             context.strokeStyle = style
             context.beginPath()
-            context.arc(width / 2, height / 2, Math.max(0, root.sliderRadius) / 2, from, to) // a low screen has no room
+            context.arc(width / 2, height / 2, root.sliderRadius / 2, from, to)
             context.stroke()
         }
 
@@ -73,6 +73,8 @@ RingedDisc {
             var context = getContext("2d")
             var top = -Math.PI / 2
             context.clearRect(0, 0, width, height)
+            if (root.sliderRadius <= 0) // a low screen has no room for it
+                return
             context.lineWidth = 3
             circle(context, currentTheme.icons, 0, 2 * Math.PI)
             if (root.progress > 0)
