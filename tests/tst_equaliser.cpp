@@ -176,7 +176,7 @@ void EqualiserTest::withoutAnOutputNothingIsSent()
     QCOMPARE(client.commands(), QStringList());
 }
 
-// On a low screen the grips of the bands still show, one over the other's way.
+// On a low screen the grips of the bands still show, and have no way to go.
 void EqualiserTest::withoutRoomNothingIsSent()
 {
     PlayerWindow client;

@@ -97,7 +97,6 @@ private Q_SLOTS:
 
     void oddMessages_data();
     void oddMessages();
-    void outlivesWhatItNames();
     void actionsWithoutALinkDoNothing();
 };
 
@@ -286,21 +285,6 @@ void TestModel::oddMessages_data()
 void TestModel::oddMessages()
 {
     messages();
-}
-
-// Each may be held longer than what it names.
-void TestModel::outlivesWhatItNames()
-{
-    Output output;
-    Source source;
-    {
-        Source routed;
-        HalvoraPlayer player;
-        output.setSelectedSource(&routed);
-        source.setPlayer(&player);
-    }
-    QCOMPARE(output.selectedSource(), nullptr);
-    QCOMPARE(source.player(), nullptr);
 }
 
 void TestModel::actionsWithoutALinkDoNothing()

@@ -4,7 +4,7 @@
 #include "support/SignalLog.h"
 #include "support/Suite.h"
 
-#include "navigation/PlaylistNavController.h"
+#include "navigation/NavigationController.h"
 #include "plugin/TypeRegistry.h"
 #include "screens/Theme.h"
 
@@ -30,7 +30,6 @@ private Q_SLOTS:
 
     // What goes wrong
     void nothingToPlaceOn();
-    void devicesGoFirst();
 };
 
 namespace {
@@ -186,19 +185,6 @@ void TestNavigation::nothingToPlaceOn()
     bare.setRootView(&view);
     bare.setRootView(nullptr);
     QVERIFY(!view.parentItem() && !bare.rootView());
-}
-
-void TestNavigation::devicesGoFirst()
-{
-    PlaylistNavController playlists;
-    {
-        Halvora device;
-        HalvoraPlayer player;
-        playlists.setCurrHalvora(&device);
-        playlists.setCurrPlayer(&player);
-    }
-    QCOMPARE(playlists.currHalvora(), nullptr);
-    QCOMPARE(playlists.currPlayer(), nullptr);
 }
 
 HALVORA_SUITE_MAIN(TestNavigation)

@@ -7,6 +7,7 @@
 #include "model/Halvora.h"
 #include "navigation/BrowseListView.h"
 #include "navigation/LibraryRows.h"
+#include "navigation/PlaylistNavController.h"
 #include "player/Reclaimer.h"
 #include "plugin/TypeRegistry.h"
 
@@ -55,6 +56,7 @@ private Q_SLOTS:
     // What goes wrong
     void shownItemStays();
     void songOfAnotherStays();
+    void whatIsNamedMayGoFirst();
     void nothingIsFreedWithoutAnEngine();
 
 private:
@@ -168,6 +170,26 @@ void ReclaimerTest::songOfAnotherStays()
     QTRY_VERIFY(!made);
     QVERIFY(theirs);
     delete theirs;
+}
+
+// Scripts may keep an output, and the host's items the playlists, when the device has gone.
+void ReclaimerTest::whatIsNamedMayGoFirst()
+{
+    Output output;
+    Source source;
+    PlaylistNavController playlists;
+    {
+        Halvora device;
+        HalvoraPlayer player;
+        Source routed;
+        output.setSelectedSource(&routed);
+        source.setPlayer(&player);
+        playlists.setCurrHalvora(&device);
+        playlists.setCurrPlayer(&player);
+    }
+    QVERIFY(!output.selectedSource());
+    QVERIFY(!source.player());
+    QVERIFY(!playlists.currHalvora() && !playlists.currPlayer());
 }
 
 void ReclaimerTest::nothingIsFreedWithoutAnEngine()

@@ -89,7 +89,7 @@ void MainTabController::publishTheme()
         return;
     auto *theme = new Theme(document.object(), nullptr);
     qmlEngine(this)->rootContext()->setContextProperty(QStringLiteral("currentTheme"), theme);
-    // Without an owner, as those who get it by its name may keep it; it goes behind the engine that knows the name.
+    // It has no parent, but goes with the engine, whose contexts know it by its name.
     connect(qmlEngine(this), &QObject::destroyed, theme, [theme] { delete theme; });
 }
 

@@ -796,7 +796,7 @@ void HostPagesTest::touchSomething(QRandomGenerator *chance) const
     QTest::mouseClick(window(), Qt::LeftButton, {}, places.at(chance->bounded(places.size())));
 }
 
-/// On the host's pages and on the client behind them; a device that was typed in may be any.
+/// On the host's pages and on the client behind them.
 void HostPagesTest::somebodyTouchesEverything()
 {
     QFETCH(quint32, seed);
